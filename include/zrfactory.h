@@ -1,0 +1,4 @@
+/* Filled in by its subsystem. */
+#ifndef ZRFACTORY_H
+#define ZRFACTORY_H
+#endif

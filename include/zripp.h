@@ -1,0 +1,4 @@
+/* Filled in by its subsystem. */
+#ifndef ZRIPP_H
+#define ZRIPP_H
+#endif

@@ -1,0 +1,2 @@
+/* The umbrella header is usable from C. */
+#include "zrdraw.h"
