@@ -4,17 +4,14 @@
 
 #include "platform/zrutil.h"
 
-#if defined(__SSE2__)
-#include <emmintrin.h>
-#endif
-
 namespace {
 
 typedef uint8_t Bytes16 __attribute__((vector_size(16), aligned(1)));
 typedef uint8_t Aligned16 __attribute__((vector_size(16)));
 
-// Fills above this size bypass the cache, as memset does for whole frames.
-constexpr size_t kStreamingThreshold = size_t{1} << 21;
+// From this size on x86-64 the processor's string store fills faster than a
+// loop of vector stores, as it does inside memset.
+constexpr size_t kStringStoreThreshold = 2048;
 
 uint32_t RotateToPhase(uint32_t word, size_t phase) {
   // Little-endian: the byte at offset `phase` of the pattern comes first.
@@ -29,18 +26,6 @@ Aligned16 Splat(uint32_t word) {
 }
 
 void FillAligned(uint8_t* p, uint8_t* end, Aligned16 v) {
-#if defined(__SSE2__)
-  if (static_cast<size_t>(end - p) >= kStreamingThreshold) {
-    const __m128i w = reinterpret_cast<__m128i>(v);
-    for (; p + 64 <= end; p += 64) {
-      _mm_stream_si128(reinterpret_cast<__m128i*>(p), w);
-      _mm_stream_si128(reinterpret_cast<__m128i*>(p + 16), w);
-      _mm_stream_si128(reinterpret_cast<__m128i*>(p + 32), w);
-      _mm_stream_si128(reinterpret_cast<__m128i*>(p + 48), w);
-    }
-    _mm_sfence();
-  }
-#endif
   for (; p + 64 <= end; p += 64) {
     auto* q = reinterpret_cast<Aligned16*>(p);
     q[0] = v;
@@ -65,6 +50,16 @@ void SetMemoryFast(void* target, uint32_t value, size_t bytes) {
     std::memset(p, b0, bytes);
     return;
   }
+#if defined(__x86_64__)
+  if (bytes >= kStringStoreThreshold) {
+    // rep stosl stores the 32-bit word in memory order, word after word.
+    size_t words = bytes / 4;
+    uint8_t* q = p;
+    asm volatile("rep stosl" : "+D"(q), "+c"(words) : "a"(value) : "memory");
+    for (size_t i = bytes & ~size_t{3}; i < bytes; ++i) p[i] = static_cast<uint8_t>(value >> (8 * (i & 3)));
+    return;
+  }
+#endif
   if (bytes < 32) {
     for (size_t i = 0; i < bytes; ++i) p[i] = static_cast<uint8_t>(value >> (8 * (i & 3)));
     return;

@@ -26,8 +26,8 @@ TEST(SetMemoryFast, MatchesBytewiseModelForEverySizeAndAlignment) {
   }
 }
 
-TEST(SetMemoryFast, StreamingPathKeepsThePatternPhase) {
-  const size_t n = (size_t{3} << 20) + 13;
+TEST(SetMemoryFast, LargeFillsKeepThePatternPhase) {
+  const size_t n = (size_t{3} << 20) + 15;
   GuardedBuffer buf(n, 5);
   SetMemoryFast(buf.data(), 0xA1B2C3D4u, n);
   for (size_t i = 0; i < n; ++i)

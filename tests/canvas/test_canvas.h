@@ -1,0 +1,55 @@
+// Canvases over guarded memory for the canvas, backend and draw tests.
+#ifndef ZR_TESTS_CANVAS_TEST_CANVAS_H
+#define ZR_TESTS_CANVAS_TEST_CANVAS_H
+
+#include <gtest/gtest.h>
+
+#include <cstddef>
+#include <cstdint>
+#include <cstring>
+
+#include "common/guarded_buffer.h"
+#include "zrdraw.h"
+
+namespace zr::test {
+
+// A canvas built by GetDraw over `rows` x `pitch` bytes of guarded memory,
+// with `lead` spare bytes before row 0 for writes that land before it.
+class TestCanvas {
+ public:
+  TestCanvas(unsigned int type, int width, int height, int pitch, size_t bytes, size_t lead = 0,
+             size_t misalign = 0)
+      : memory_(bytes + lead, misalign), lead_(lead) {
+    std::memset(memory_.data(), 0x11, memory_.size());
+    EXPECT_EQ(0, GetDraw(type, width, height, pitch, reinterpret_cast<char*>(rows()), canvas_));
+  }
+  ~TestCanvas() {
+    EXPECT_TRUE(memory_.GuardsIntact()) << "write outside the canvas memory";
+    if (canvas_) {
+      canvas_->mRefCount = 1;
+      ReleaseDraw(canvas_);
+    }
+  }
+  TestCanvas(const TestCanvas&) = delete;
+  TestCanvas& operator=(const TestCanvas&) = delete;
+
+  ZrDraw* operator->() { return canvas_; }
+  ZrDraw* get() { return canvas_; }
+  uint8_t* rows() { return memory_.data() + lead_; }
+  uint8_t* all() { return memory_.data(); }
+  size_t size() const { return memory_.size(); }
+  uint32_t Word(size_t offset) {
+    uint32_t w;
+    std::memcpy(&w, rows() + offset, 4);
+    return w;
+  }
+
+ private:
+  GuardedBuffer memory_;
+  size_t lead_;
+  ZrDraw* canvas_ = nullptr;
+};
+
+}  // namespace zr::test
+
+#endif
