@@ -1,0 +1,129 @@
+#include <zrdraw.h>
+
+#include <algorithm>
+#include <cmath>
+#include <iterator>
+#include <numbers>
+#include <string>
+#include <vector>
+
+#include "zrfx/canvas_handle.h"
+#include "zrfx/caption.h"
+#include "zrfx/gallery.h"
+
+namespace zrfx {
+namespace {
+
+struct CanvasType {
+  unsigned int type;
+  const char* name;
+};
+
+// Layouts the gallery draws on. The factory is asked for each; a type that
+// it has no class for is listed as such instead.
+constexpr CanvasType kCanvasTypes[] = {
+    {pixelRGBA32, "pixelRGBA32"}, {pixelBGRA32, "pixelBGRA32"}, {pixelRGB24, "pixelRGB24"},
+    {pixelBGR24, "pixelBGR24"},   {pixelUYVY, "pixelUYVY"},     {pixelYUYV, "pixelYUYV"},
+    {pixelV210, "pixelV210"},     {pixelRGB48, "pixelRGB48"},   {pixelARGB64, "pixelARGB64"},
+};
+
+constexpr const char* kCalls =
+    "EraseCanvas, Line (a fan of 24), LineHoriz, LineVert, Dash, Polyline, Rectangle, FillRect, RoundRect, "
+    "Circle, Ellipse, Bezier, Label, and Point for the title";
+
+// Room for the widest layout (8 bytes a pixel) plus the pixel that
+// LineHoriz plots past its end on the PutPixel road.
+size_t BufferBytes(uint32_t width, uint32_t height) {
+  return (static_cast<size_t>(width) * 8 + 256) * (height + 2);
+}
+
+// Colours of the fan of lines, 8-bit RGBA with byte 0 the low byte.
+constexpr uint32_t kFanColours[] = {0xFF3030FFu, 0xFF30A0FFu, 0xFF30FFFFu, 0xFF30FF30u,
+                                    0xFFFFFF30u, 0xFFFF8030u, 0xFFFF30A0u, 0xFFFFFFFFu};
+
+void DrawScene(CanvasHandle& canvas, uint32_t width, uint32_t height, const char* name) {
+  const int w = static_cast<int>(width), h = static_cast<int>(height);
+  canvas.SetColour(0xFF402010u);  // dark blue: EraseCanvas fills with the foreground colour
+  canvas->EraseCanvas(true);
+
+  const int cx = w / 4, cy = h * 11 / 20, r = std::min(w / 5, h * 2 / 5);
+  for (int i = 0; i < 24; ++i) {
+    const double angle = 2 * std::numbers::pi * i / 24;
+    canvas.SetColour(kFanColours[i % std::size(kFanColours)]);
+    canvas->Line(cx, cy, cx + static_cast<int>(std::lround(r * std::cos(angle))),
+                 cy + static_cast<int>(std::lround(r * std::sin(angle))));
+  }
+
+  const int left = w / 2, right = w - w / 16, top = h / 5, bottom = h - h / 8;
+  canvas.SetColour(0xFF30C0F0u);
+  const RECT box = {left + 8, top + 8, left + (right - left) / 3, top + (bottom - top) / 3};
+  canvas->FillRect(&box);
+  canvas.SetColour(0xFFFFFFFFu);
+  canvas->Rectangle(left, top, right, bottom);
+  canvas->RoundRect(left + (right - left) / 2, top + 8, right - 8, top + (bottom - top) / 2, 16, 16);
+  canvas.SetColour(0xFF40E040u);
+  for (int x = left + 8; x < right - 8; x += 12) canvas->LineVert(x, bottom - 40, bottom - 8);
+  for (int y = bottom - 40; y <= bottom - 8; y += 8) canvas->LineHoriz(left + 8, y, right - 8);
+  canvas.SetColour(0xFF00A0FFu);
+  canvas->Dash(left + 8, top + (bottom - top) / 2, right - 8, bottom - 48, 6, 4);
+  canvas.SetColour(0xFFFF60FFu);
+  std::vector<_POINT> zigzag;
+  for (int x = left; x <= right; x += (right - left) / 8)
+    zigzag.push_back({x, (zigzag.size() % 2) ? h - 6 : h - 18});
+  canvas->Polyline(zigzag.data(), static_cast<unsigned int>(zigzag.size()));
+  canvas.SetColour(0xFF80FFFFu);
+  canvas->Circle(cx, cy, r / 2);
+  canvas->Ellipse(cx, cy, r, r / 3);
+  canvas->Bezier(left, bottom, left + w / 8, top, right - w / 8, bottom, right, top);
+  canvas->Label(left + 12, top + (bottom - top) / 2 + 6, "Label", false, false);
+
+  canvas.SetColour(0xFFFFFFFFu);
+  DrawCanvasText(canvas.get(), width, height, 6, 6, name, 2);
+}
+
+// A component from 0 to 1 as a byte; anything else, not-a-number included,
+// is held to the range.
+uint8_t ToByte(double component) {
+  const double v = component * 255.0 + 0.5;
+  return v >= 255.0 ? 255 : v >= 0.0 ? static_cast<uint8_t>(v) : 0;
+}
+
+// The canvas's pixels as the canvas itself reads them back.
+Frame ReadBack(CanvasHandle& canvas, uint32_t width, uint32_t height) {
+  Frame frame(width, height);
+  for (uint32_t y = 0; y < height; ++y)
+    for (uint32_t x = 0; x < width; ++x) {
+      double c[4];
+      canvas->GetPixelRGBA(static_cast<int>(x), static_cast<int>(y), c[0], c[1], c[2], c[3]);
+      uint8_t* p = frame.Pixel(x, y);
+      for (int k = 0; k < 4; ++k) p[k] = ToByte(c[k]);
+    }
+  return frame;
+}
+
+}  // namespace
+
+void AddCanvasGallery(ContactSheet& sheet, uint32_t width, uint32_t height) {
+  sheet.BeginSection("Canvas drawing",
+                     std::string("A canvas from qtGetDraw over a frame of each pixel type, drawn "
+                                 "with ") +
+                         kCalls + "; read back with GetPixelRGBA for viewing.");
+  std::string missing;
+  std::vector<uint8_t> buffer(BufferBytes(width, height));
+  for (const CanvasType& type : kCanvasTypes) {
+    if (!CanvasHandle::Supports(type.type)) {
+      missing.append(missing.empty() ? "" : ", ").append(type.name);
+      continue;
+    }
+    std::fill(buffer.begin(), buffer.end(), 0);
+    CanvasHandle handle(type.type, width, height, 0, buffer.data());
+    DrawScene(handle, width, height, type.name);
+    sheet.Add(std::string("canvas-") + type.name + ".png", ReadBack(handle, width, height),
+              std::string("qtGetDraw(") + type.name + " = " + std::to_string(type.type) + ", pitch " +
+                  std::to_string(handle->GetPitch()) + ")",
+              type.name);
+  }
+  if (!missing.empty()) sheet.AppendNote(" The library has no canvas class yet for " + missing + ".");
+}
+
+}  // namespace zrfx

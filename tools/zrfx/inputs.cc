@@ -1,0 +1,27 @@
+#include "zrfx/inputs.h"
+
+#include "zrfx/errors.h"
+#include "zrfx/numbers.h"
+#include "zrfx/wipe_names.h"
+
+namespace zrfx {
+
+PicturePair ReadPicturePair(const std::string& pathA, const std::string& pathB) {
+  PicturePair pair{ReadPng(pathA), ReadPng(pathB)};
+  CheckSameSize(pair.a.frame, pathA, pair.b.frame, pathB);
+  return pair;
+}
+
+void CheckSameSize(const Frame& a, const std::string& nameA, const Frame& b, const std::string& nameB) {
+  if (a.SameSize(b)) return;
+  throw UsageError(nameA + " is " + std::to_string(a.width()) + "x" + std::to_string(a.height()) + " but " +
+                   nameB + " is " + std::to_string(b.width()) + "x" + std::to_string(b.height()) +
+                   "; both inputs must have the same size");
+}
+
+uint32_t WipeCodeOption(const Args& args) {
+  const uint32_t code = ParseWipeNumber(args.Required("code"));
+  return args.Has("reverse") ? code | kWipeReverse : code;
+}
+
+}  // namespace zrfx

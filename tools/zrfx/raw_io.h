@@ -1,0 +1,54 @@
+// Streams of packed RGBA frames, as `ffmpeg -f rawvideo -pix_fmt rgba`
+// reads and writes them: files, pipes, or "-" for standard input and
+// output. One frame at a time passes through the caller's buffer, so a
+// stream of any length runs in constant memory.
+#ifndef ZRFX_RAW_IO_H
+#define ZRFX_RAW_IO_H
+
+#include <cstddef>
+#include <cstdint>
+#include <string>
+
+namespace zrfx {
+
+class RawInput {
+ public:
+  // Throws UsageError when the file cannot be opened.
+  explicit RawInput(const std::string& path);
+  ~RawInput();
+  RawInput(const RawInput&) = delete;
+  RawInput& operator=(const RawInput&) = delete;
+
+  // Reads the next frame of `bytes` bytes. False at the end of the stream;
+  // throws RunError when the stream ends inside a frame or cannot be read.
+  bool ReadFrame(uint8_t* frame, size_t bytes);
+
+ private:
+  std::string path_;
+  int fd_;
+  uint64_t framesRead_ = 0;
+};
+
+class RawOutput {
+ public:
+  // Throws UsageError when the file cannot be created, or when "-" names
+  // standard output and that is a terminal.
+  explicit RawOutput(const std::string& path);
+  ~RawOutput();
+  RawOutput(const RawOutput&) = delete;
+  RawOutput& operator=(const RawOutput&) = delete;
+
+  // Throws RunError when the bytes cannot be written (a closed pipe, a full
+  // disk).
+  void WriteFrame(const uint8_t* frame, size_t bytes);
+  // Throws RunError when the file cannot be closed cleanly.
+  void Close();
+
+ private:
+  std::string path_;
+  int fd_;
+};
+
+}  // namespace zrfx
+
+#endif
