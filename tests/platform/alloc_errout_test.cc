@@ -48,3 +48,27 @@ TEST(Files, AppDirEndsWithSeparatorAndExists) {
 }
 
 }  // namespace
+
+namespace {
+
+TEST(Alloc, LargeBlocksAreReusedWhenTheyFit) {
+  const size_t frame = size_t{8} << 20;
+  void* a = ZrAlloc(frame);
+  ASSERT_NE(a, nullptr);
+  static_cast<char*>(a)[frame - 1] = 1;
+  ZrFree(a);
+  void* b = ZrAlloc(frame - 4096);
+  EXPECT_EQ(b, a);
+  static_cast<char*>(b)[frame - 4097] = 2;
+  ZrFree(b);
+  // A request that the kept block cannot hold gets a block of its own.
+  void* c = ZrAlloc(2 * frame);
+  ASSERT_NE(c, nullptr);
+  static_cast<char*>(c)[2 * frame - 1] = 3;
+  ZrFree(c);
+  void* small = ZrAlloc(64);
+  ASSERT_NE(small, nullptr);
+  ZrFree(small);
+}
+
+}  // namespace

@@ -1,0 +1,38 @@
+// The scratch block of the adapters: its size, its planes, its zeroed tail.
+#include "fx/adapters/adapter_scratch.h"
+
+#include <cstring>
+
+#include "platform/zrutil.h"
+
+namespace zr::fx {
+namespace {
+
+constexpr uint64_t kPlaneAlign = 512;
+// Covers the rounding of the start and of each plane, and the tail.
+constexpr uint32_t kSpareBytes = 3072;
+
+uint64_t RoundUp(uint64_t n) { return (n + kPlaneAlign - 1) / kPlaneAlign * kPlaneAlign; }
+
+}  // namespace
+
+uint32_t zrfxScratchBytes(uint32_t width, uint32_t height) { return width * height * 9 + kSpareBytes; }
+
+void* zrfxAllocScratch(uint32_t width, uint32_t height) {
+  // A wrapped size would leave the planes running past the block.
+  if (uint64_t{width} * height * 9 + kSpareBytes > UINT32_MAX) return nullptr;
+  return ZrAlloc(zrfxScratchBytes(width, height));
+}
+
+zrfxScratchPlanes zrfxLayScratch(void* block, uint32_t width, uint32_t height) {
+  auto* const base = static_cast<uint8_t*>(block);
+  const uint64_t address = reinterpret_cast<uintptr_t>(base);
+  uint8_t* const planeA = base + (RoundUp(address) - address);
+  const uint32_t planeBytes = width * height * 3;
+  const size_t plane = RoundUp(planeBytes);
+  const zrfxScratchPlanes planes{planeA, planeA + plane, planeA + 2 * plane};
+  std::memset(planes.planeOut + planeBytes, 0, kZrfxPlaneTail);
+  return planes;
+}
+
+}  // namespace zr::fx

@@ -1,0 +1,63 @@
+// ZrDraw_DisplayWipeYCbCr: any transition on 8-bit packed 4:2:2 pictures, by
+// way of 4:4:4 planes and the wipe front door.
+#include "fx/adapters/adapter_scratch.h"
+#include "fx/adapters/adapter_wipe.h"
+#include "fx/adapters/ycbcr422_rows.h"
+#include "fx/dissolve/fx_source_rows.h"
+#include "platform/zrutil.h"
+#include "zrfx.h"
+
+using namespace zr::fx;
+
+// `format` is not read: the planes go to the wipe as format 33. The three
+// pitches are the caller's own, each for its picture.
+uint32_t ZrDraw_DisplayWipeYCbCr(ZRFX_FRONT_DOOR_ARGS) {
+  (void)format;
+  const ZrHandle self = zrOSGetCurrentThread();
+  const int priority = zrOSGetThreadPriority(self);
+  zrOSSetThreadPriority(self, kZrfxAdapterPriority);
+
+  void* block;
+  try {
+    block = zrfxAllocScratch(width, height);
+  } catch (...) {
+    // Nothing logged and the thread left at priority 15: hosts have always
+    // seen it so from a throwing allocator; keep it.
+    return 0xFFFFFFFFu;
+  }
+  if (!block) {
+    ErrOut("%s", kZrfxNoMemoryText);
+    zrOSSetThreadPriority(self, priority);
+    return 0xFFFFFFFFu;
+  }
+  const zrfxScratchPlanes planes = zrfxLayScratch(block, width, height);
+  const uint32_t planePitch = width * 3;
+  const zrfxWipeArgs wipe{
+      wipeCode,      width,       height,  {fxReserved0, fxReserved1, fxReserved2, fxReserved3, fxReserved4},
+      progressStart, progressEnd, progress};
+
+  // Both planes a row at a time.
+  const AdapterRowForm& rows = PickYCbCr422Rows();
+  for (uint32_t y = 0; y < height; ++y) {
+    rows.expand(zrfxRow(srcA, pitchA, y), planes.planeA + size_t{y} * planePitch, width);
+    rows.expand(zrfxRow(srcB, pitchB, y), planes.planeB + size_t{y} * planePitch, width);
+  }
+  bool workersThrough;
+  try {
+    workersThrough = zrfxWipePlanes(planes, wipe);
+  } catch (...) {
+    // dst keeps its former picture and the caller sees success.
+    ErrOut("%s", kZrfxWipeExceptionText);
+    ZrFree(block);
+    zrOSSetThreadPriority(self, priority);
+    return 0;
+  }
+  for (uint32_t y = 0; y < height; ++y)
+    rows.pack(planes.planeOut + size_t{y} * planePitch, zrfxRow(dst, dstPitch, y), width);
+
+  // Late workers keep the block: freeing it under them would be worse than
+  // leaving it.
+  if (workersThrough) ZrFree(block);
+  zrOSSetThreadPriority(self, priority);
+  return 0;
+}

@@ -1,0 +1,74 @@
+// The dissolve over one band: t and u once, then each row by the plain loop
+// or the widest vector form, which give the same bytes.
+#include "fx/dissolve/dissolve_band.h"
+
+#include <cstddef>
+
+#include "fx/dissolve/dissolve_convert.h"
+#include "fx/dissolve/dissolve_row.h"
+
+namespace zr::fx {
+namespace {
+
+// Bands narrower than this take the plain loop.
+constexpr uint32_t kVectorMinPixels = 8;
+
+// True when the runs [a, a + n) and [b, b + n) share a byte at different
+// starts. A vector step loads before it stores, so a run that is exactly a
+// source is fine; one shifted against it is not.
+bool PartlyOverlaps(const uint8_t* a, const uint8_t* b, size_t n) {
+  const auto x = reinterpret_cast<uintptr_t>(a), y = reinterpret_cast<uintptr_t>(b);
+  return x != y && x < y + n && y < x + n;
+}
+
+DissolveRowFn PlainRow(const zrfxFormatInfo& format) {
+  switch (format.bytesPerSample) {
+    case 1:
+      return DissolveRow8_C;
+    case 2:
+      return DissolveRow16_C;
+    default:
+      return DissolveRowF32_C;
+  }
+}
+
+// Every integer group: a sample is mixed on its own, whatever the pixel, so
+// the 3-sample groups run the same loops. The float groups have the plain
+// loop only.
+DissolveRowFn VectorRow(const zrfxFormatInfo& format) {
+  switch (format.bytesPerSample) {
+    case 1:
+      return PickDissolveRowForm().row8;
+    case 2:
+      return PickDissolveRowForm().row16;
+    default:
+      return nullptr;
+  }
+}
+
+}  // namespace
+
+void zrfxDissolveBand(const zrfxFormatInfo& format, const zrfxSourceRoles& roles, uint8_t* dst,
+                      uint32_t dstPitch, uint32_t progressStart, uint32_t progressEnd, uint32_t progress,
+                      const zrfxBand& band) {
+  if (band.top >= band.bottom || band.left >= band.right) return;
+  const double t = zrfxDissolveRatio(progress, progressEnd - progressStart);
+  const double u = 1.0 - t;
+
+  const size_t bytesPerPixel = format.BytesPerPixel();
+  const size_t first = band.left * bytesPerPixel;
+  const size_t bytes = (band.right - band.left) * bytesPerPixel;
+  const size_t samples = size_t{band.right - band.left} * format.samplesPerPixel;
+  const DissolveRowFn plain = PlainRow(format);
+  const DissolveRowFn vector = band.right - band.left >= kVectorMinPixels ? VectorRow(format) : nullptr;
+
+  for (uint32_t y = band.top; y < band.bottom; ++y) {
+    const uint8_t* in = zrfxRow(roles.incoming, roles.incomingPitch, y) + first;
+    const uint8_t* out = zrfxRow(roles.outgoing, roles.outgoingPitch, y) + first;
+    uint8_t* row = zrfxRow(dst, dstPitch, y) + first;
+    const bool vectorOk = vector && !PartlyOverlaps(row, in, bytes) && !PartlyOverlaps(row, out, bytes);
+    (vectorOk ? vector : plain)(in, out, row, samples, t, u);
+  }
+}
+
+}  // namespace zr::fx

@@ -1,0 +1,158 @@
+// The adapters' row loops: the documented byte tables, the round trips, and
+// each build's vector form against the plain form over widths and alignments.
+#include <gtest/gtest.h>
+
+#include <cstring>
+#include <span>
+#include <string>
+#include <vector>
+
+#include "common/guarded_buffer.h"
+#include "common/test_random.h"
+#include "fx/adapters/v210_rows.h"
+#include "fx/adapters/ycbcr422_rows.h"
+
+namespace zr::fx {
+namespace {
+
+// Row bytes as the loops read and write them: 4:2:2 in whole pairs, v210 in
+// whole groups of 6 pixels, planes 3 bytes a pixel.
+size_t PairBytes(uint32_t width) { return (width + 1) / 2 * 4; }
+size_t GroupBytes(uint32_t width) { return (width + 5) / 6 * 16; }
+
+// Seeded bytes that end where their allocation ends, so that the address
+// sanitizer sees any read past them; `misalign` shifts the start.
+std::vector<uint8_t> Input(size_t bytes, size_t misalign, uint64_t seed) {
+  std::vector<uint8_t> v(bytes + misalign);
+  test::Rng(seed).Fill(v.data(), v.size());
+  return v;
+}
+
+bool Always() { return true; }
+
+struct Family {
+  const char* name;
+  AdapterRowForm plain;
+  std::span<const AdapterRowForm> (*vectorForms)();
+  size_t (*packedBytes)(uint32_t width);
+  uint32_t pixelsPerGroup;
+
+  // The plain form and every vector form this processor runs.
+  std::vector<AdapterRowForm> Forms() const {
+    std::vector<AdapterRowForm> forms{plain};
+    for (const auto& form : vectorForms())
+      if (form.supported()) forms.push_back(form);
+    return forms;
+  }
+};
+const Family kFamilies[] = {
+    {"4:2:2", {"plain", Always, ExpandYCbCr422Row_C, PackYCbCr422Row_C}, YCbCr422RowForms, PairBytes, 2},
+    {"v210", {"plain", Always, ExpandV210Row_C, PackV210Row_C}, V210RowForms, GroupBytes, 6},
+};
+
+// Expansion writes the row's pixels only; packing writes whole pairs or
+// groups, reading plane bytes past the row for the last one. Both forms must
+// write the same bytes and nothing outside them.
+TEST(AdapterRows, VectorFormsMatchPlainOverWidthsAndAlignments) {
+  std::vector<uint32_t> widths;
+  for (uint32_t w = 1; w <= 33; ++w) widths.push_back(w);
+  for (uint32_t w : {47u, 48u, 49u, 95u, 97u, 720u, 1918u, 1920u, 1921u}) widths.push_back(w);
+  const size_t misalign[][2] = {{0, 0}, {1, 0}, {0, 1}, {3, 5}};
+  uint64_t seed = 1;
+  for (const Family& f : kFamilies)
+    for (const AdapterRowForm& form : f.Forms())
+      for (uint32_t width : widths)
+        for (const auto& m : misalign) {
+          const std::string context = std::string(f.name) + " " + form.name +
+                                      " width=" + std::to_string(width) +
+                                      " misalign=" + std::to_string(m[0]) + "/" + std::to_string(m[1]) +
+                                      " seed=" + std::to_string(++seed);
+          const auto src = Input(f.packedBytes(width), m[0], seed);
+          test::GuardedBuffer want(size_t{width} * 3, m[1]), got(size_t{width} * 3, m[1]);
+          f.plain.expand(src.data() + m[0], want.data(), width);
+          form.expand(src.data() + m[0], got.data(), width);
+          for (size_t i = 0; i < want.size(); ++i)
+            ASSERT_EQ(got[i], want[i]) << context << " expand: first difference at x=" << i << " y=0";
+          ASSERT_TRUE(got.GuardsIntact() && want.GuardsIntact()) << context;
+
+          const uint32_t groups = (width + f.pixelsPerGroup - 1) / f.pixelsPerGroup;
+          const auto plane = Input(size_t{groups} * f.pixelsPerGroup * 3, m[0], seed + 1);
+          test::GuardedBuffer wantOut(f.packedBytes(width), m[1]), gotOut(f.packedBytes(width), m[1]);
+          f.plain.pack(plane.data() + m[0], wantOut.data(), width);
+          form.pack(plane.data() + m[0], gotOut.data(), width);
+          for (size_t i = 0; i < wantOut.size(); ++i)
+            ASSERT_EQ(gotOut[i], wantOut[i]) << context << " pack: first difference at x=" << i << " y=0";
+          ASSERT_TRUE(gotOut.GuardsIntact() && wantOut.GuardsIntact()) << context;
+          ASSERT_TRUE(src == Input(src.size() - m[0], m[0], seed) &&
+                      plane == Input(plane.size() - m[0], m[0], seed + 1))
+              << context << ": a source changed";
+        }
+}
+
+// Position decides everything: Y from bytes 1, 2, 5, 6, chroma from 0, 3 and
+// 4, 7. Packing undoes it; an odd width packs its last pair whole, the odd Y
+// taken from the plane byte after the row.
+TEST(AdapterRows, YCbCr422BytePositions) {
+  const uint8_t src[8] = {10, 11, 12, 13, 14, 15, 16, 17};
+  const uint8_t want[12] = {11, 10, 13, 12, 10, 13, 15, 14, 17, 16, 14, 17};
+  for (const Family& f : {kFamilies[0]}) {
+    for (const AdapterRowForm& form : f.Forms()) {
+      uint8_t plane[12] = {}, out[8] = {};
+      form.expand(src, plane, 4);
+      form.pack(plane, out, 4);
+      EXPECT_EQ(std::memcmp(plane, want, 12), 0) << form.name;
+      EXPECT_EQ(std::memcmp(out, src, 8), 0) << form.name;
+    }
+  }
+  const uint8_t plane[12] = {1, 2, 3, 4, 5, 6, 7, 8, 9, 40, 50, 60};
+  uint8_t out[9] = {0, 0, 0, 0, 0, 0, 0, 0, 99};
+  PackYCbCr422Row_C(plane, out, 3);
+  const uint8_t odd[9] = {2, 1, 4, 3, 8, 7, 40, 9, 99};
+  EXPECT_EQ(std::memcmp(out, odd, 9), 0);
+}
+
+// Field k of the group holds 4 * (k + 1) + k % 4, so its high 8 bits are
+// k + 1 and its low 2 bits are set; bits 30 and 31 are set too.
+TEST(AdapterRows, V210KeepsTheHighEightBitsOfEachField) {
+  uint8_t src[16];
+  for (uint32_t w = 0; w < 4; ++w) {
+    uint32_t word = 0xC0000000u;
+    for (uint32_t s = 0; s < 3; ++s) word |= (4 * (3 * w + s + 1) + (3 * w + s) % 4) << (10 * s);
+    for (int b = 0; b < 4; ++b) src[4 * w + b] = static_cast<uint8_t>(word >> (8 * b));
+  }
+  const uint8_t want[18] = {2, 1, 3, 4, 1, 3, 6, 5, 7, 8, 5, 7, 10, 9, 11, 12, 9, 11};
+  for (const AdapterRowForm& form : kFamilies[1].Forms()) {
+    uint8_t plane[18] = {}, out[16];
+    form.expand(src, plane, 6);
+    EXPECT_EQ(std::memcmp(plane, want, 18), 0) << form.name;
+    // Back with the low bits and bits 30 and 31 clear.
+    form.pack(plane, out, 6);
+    for (int i = 0; i < 16; i += 4) {
+      uint32_t got, orig;
+      std::memcpy(&got, out + i, 4);
+      std::memcpy(&orig, src + i, 4);
+      EXPECT_EQ(got, orig & 0x3FCFF3FCu) << form.name << " word " << i / 4;
+    }
+  }
+}
+
+TEST(AdapterRows, RoundTripsOverWholeRows) {
+  for (const Family& f : kFamilies)
+    for (const AdapterRowForm& form : f.Forms())
+      for (uint32_t width : {6u, 48u, 1920u}) {
+        const auto src = Input(f.packedBytes(width), 0, width);
+        std::vector<uint8_t> plane(size_t{width} * 3), out(f.packedBytes(width));
+        form.expand(src.data(), plane.data(), width);
+        form.pack(plane.data(), out.data(), width);
+        for (size_t i = 0; i < out.size(); i += 4) {
+          uint32_t got, orig;
+          std::memcpy(&got, &out[i], 4);
+          std::memcpy(&orig, &src[i], 4);
+          EXPECT_EQ(got, f.pixelsPerGroup == 2 ? orig : orig & 0x3FCFF3FCu)
+              << f.name << " " << form.name << " " << i;
+        }
+      }
+}
+
+}  // namespace
+}  // namespace zr::fx
