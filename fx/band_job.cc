@@ -1,0 +1,38 @@
+#include "fx/band_job.h"
+
+#include <new>
+
+namespace {
+
+std::atomic<int> gLiveBlocks{0};
+
+}  // namespace
+
+zrfxBandJobBlock* zrfxBandJobBlock::Create() {
+  auto* block = new (std::nothrow) zrfxBandJobBlock;
+  if (block) gLiveBlocks.fetch_add(1, std::memory_order_relaxed);
+  return block;
+}
+
+void zrfxBandJobBlock::AddRef() { mRefs.fetch_add(1, std::memory_order_relaxed); }
+
+void zrfxBandJobBlock::Release() {
+  if (mRefs.fetch_sub(1, std::memory_order_acq_rel) != 1) return;
+  delete this;
+  gLiveBlocks.fetch_sub(1, std::memory_order_release);
+}
+
+void zrfxBandJobBlock::SignalDone() {
+  // Under the lock, so that a driver between its test of the count and its
+  // wait cannot miss the wake-up.
+  std::lock_guard<std::mutex> lock(mLock);
+  mDone.notify_all();
+}
+
+void zrfxBandJobBlock::WaitDone(std::chrono::milliseconds bound) {
+  const auto deadline = std::chrono::steady_clock::now() + bound;
+  std::unique_lock<std::mutex> lock(mLock);
+  mDone.wait_until(lock, deadline, [this] { return zrOSInterlockedRead(&mPendingCount) == 0; });
+}
+
+int zrfxBandJobBlock::LiveBlocks() { return gLiveBlocks.load(std::memory_order_acquire); }
