@@ -8,9 +8,12 @@ std::atomic<int> gLiveBlocks{0};
 
 }  // namespace
 
-zrfxBandJobBlock* zrfxBandJobBlock::Create() {
+zrfxBandJobBlock* zrfxBandJobBlock::Create(zr::fx::SharedScratch* shared) {
   auto* block = new (std::nothrow) zrfxBandJobBlock;
-  if (block) gLiveBlocks.fetch_add(1, std::memory_order_relaxed);
+  if (!block) return nullptr;
+  gLiveBlocks.fetch_add(1, std::memory_order_relaxed);
+  if (shared) shared->AddRef();
+  block->mShared = shared;
   return block;
 }
 
@@ -18,6 +21,7 @@ void zrfxBandJobBlock::AddRef() { mRefs.fetch_add(1, std::memory_order_relaxed);
 
 void zrfxBandJobBlock::Release() {
   if (mRefs.fetch_sub(1, std::memory_order_acq_rel) != 1) return;
+  if (mShared) mShared->Release();
   delete this;
   gLiveBlocks.fetch_sub(1, std::memory_order_release);
 }

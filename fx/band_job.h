@@ -9,6 +9,7 @@
 #include <mutex>
 
 #include "fx/fx_call.h"
+#include "fx/shared_scratch.h"
 #include "platform/zrutil.h"
 #include "zrfx.h"
 
@@ -36,7 +37,9 @@ class zrfxBandJobBlock {
   static constexpr int kJobs = 4;
 
   // Null when no memory is to be had. The caller holds the first reference.
-  static zrfxBandJobBlock* Create();
+  // `shared`, when set, is scratch memory that the effect writes: the block
+  // holds a reference to it until the block itself is freed.
+  static zrfxBandJobBlock* Create(zr::fx::SharedScratch* shared);
   void AddRef();
   void Release();
 
@@ -58,6 +61,7 @@ class zrfxBandJobBlock {
   ~zrfxBandJobBlock() = default;
 
   std::atomic<int> mRefs{1};
+  zr::fx::SharedScratch* mShared = nullptr;
   std::mutex mLock;
   std::condition_variable mDone;
 };

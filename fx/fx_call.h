@@ -6,6 +6,7 @@
 #include <cstdint>
 
 #include "fx/int_divide.h"
+#include "fx/source_rows.h"
 #include "zrfx.h"
 
 namespace zr::fx {
@@ -44,8 +45,6 @@ struct FxCall {
   bool BandEmpty() const { return bandTop >= bandBottom || bandLeft >= bandRight; }
 };
 
-// Row y of a picture; the offset y * pitch wraps at 2^32 before it is added.
-inline uint8_t* FxRow(uint8_t* base, uint32_t y, uint32_t pitch) { return base + uint32_t{y * pitch}; }
 
 // The two pictures of a transition, each with its own pitch, and the output,
 // whose rows are pitchB apart (dstPitch is carried, never read).

@@ -21,17 +21,20 @@ enum class FxFormatGroup : uint8_t {
 struct FxFormatInfo {
   uint32_t format;
   FxFormatGroup group;
+  uint32_t samplesPerPixel;
   uint32_t bytesPerPixel;
+
+  constexpr uint32_t BytesPerSample() const { return samplesPerPixel ? bytesPerPixel / samplesPerPixel : 0; }
 };
 
 inline constexpr FxFormatInfo kFxFormats[] = {
-    {1, FxFormatGroup::kFormat8x4, 4},     {2, FxFormatGroup::kFormat8x4, 4},
-    {3, FxFormatGroup::kFormat8x4, 4},     {4, FxFormatGroup::kFormat8x4, 4},
-    {34, FxFormatGroup::kFormat8x4, 4},    {5, FxFormatGroup::kFormat8x3, 3},
-    {6, FxFormatGroup::kFormat8x3, 3},     {33, FxFormatGroup::kFormat8x3, 3},
-    {31, FxFormatGroup::kFormat16x3, 6},   {35, FxFormatGroup::kFormat16x3, 6},
-    {32, FxFormatGroup::kFormat16x4, 8},   {36, FxFormatGroup::kFormat16x4, 8},
-    {29, FxFormatGroup::kFormatF32x4, 16}, {30, FxFormatGroup::kFormatF32x3, 12},
+    {1, FxFormatGroup::kFormat8x4, 4, 4},     {2, FxFormatGroup::kFormat8x4, 4, 4},
+    {3, FxFormatGroup::kFormat8x4, 4, 4},     {4, FxFormatGroup::kFormat8x4, 4, 4},
+    {34, FxFormatGroup::kFormat8x4, 4, 4},    {5, FxFormatGroup::kFormat8x3, 3, 3},
+    {6, FxFormatGroup::kFormat8x3, 3, 3},     {33, FxFormatGroup::kFormat8x3, 3, 3},
+    {31, FxFormatGroup::kFormat16x3, 3, 6},   {35, FxFormatGroup::kFormat16x3, 3, 6},
+    {32, FxFormatGroup::kFormat16x4, 4, 8},   {36, FxFormatGroup::kFormat16x4, 4, 8},
+    {29, FxFormatGroup::kFormatF32x4, 4, 16}, {30, FxFormatGroup::kFormatF32x3, 3, 12},
 };
 
 // The entry of a format code, or a kNone entry with 0 bytes per pixel for a
@@ -39,7 +42,7 @@ inline constexpr FxFormatInfo kFxFormats[] = {
 constexpr FxFormatInfo FxFormatOf(uint32_t format) {
   for (const FxFormatInfo& info : kFxFormats)
     if (info.format == format) return info;
-  return {format, FxFormatGroup::kNone, 0};
+  return {format, FxFormatGroup::kNone, 0, 0};
 }
 
 }  // namespace zr::fx

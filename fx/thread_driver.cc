@@ -4,6 +4,7 @@
 
 #include "fx/band_job.h"
 #include "fx/fx_call.h"
+#include "fx/run_bands.h"
 #include "platform/zrutil.h"
 #include "zrfx.h"
 
@@ -25,7 +26,12 @@ void SetBand(zrfxBandJob& job, uint32_t left, uint32_t right, uint32_t top, uint
 }  // namespace
 
 uint32_t ZrDraw_FXMultiThread(ZRFX_EFFECT_ARGS, zrfxEffectFn effect) {
-  zrfxBandJobBlock* const block = zrfxBandJobBlock::Create();
+  const zr::fx::FxCall call = ZRFX_CALL_RECORD;
+  return zr::fx::RunBands(ZRFX_CALL_VALUES(call), effect, nullptr);
+}
+
+uint32_t zr::fx::RunBands(ZRFX_EFFECT_ARGS, zrfxEffectFn effect, SharedScratch* shared) {
+  zrfxBandJobBlock* const block = zrfxBandJobBlock::Create(shared);
   if (!block) return 0;
   zrfxBandJob* const jobs = block->mJobs;
   // The band arguments are overwritten per job.

@@ -5,6 +5,7 @@
 #include <cstdint>
 
 #include "fx/adapters/adapter_scratch.h"
+#include "fx/shared_scratch.h"
 
 namespace zr::fx {
 
@@ -19,11 +20,11 @@ struct zrfxWipeArgs {
   uint32_t progress;
 };
 
-// Runs ZrDraw_DisplayWipe from planes A and B into plane out, as format 33
-// with pitches of width * 3. Returns false when the driver may have given up
-// waiting for its workers (it stops after 100 ms in all): they may still be
-// reading and writing the planes, so the block must not be freed under them.
-bool zrfxWipePlanes(const zrfxScratchPlanes& planes, const zrfxWipeArgs& args);
+// Runs the wipe front door from planes A and B into plane out, as format 33
+// with pitches of width * 3. The driver's workers share `scratch`, the block
+// that holds the planes: one that outlives the driver's bounded wait keeps
+// the block alive until it is through.
+void zrfxWipePlanes(const zrfxScratchPlanes& planes, const zrfxWipeArgs& args, SharedScratch* scratch);
 
 }  // namespace zr::fx
 

@@ -5,7 +5,7 @@
 #include "fx/adapters/adapter_wipe.h"
 #include "fx/adapters/v210_pitch.h"
 #include "fx/adapters/v210_rows.h"
-#include "fx/dissolve/fx_source_rows.h"
+#include "fx/source_rows.h"
 #include "platform/zrutil.h"
 #include "zrfx.h"
 
@@ -37,6 +37,7 @@ uint32_t ZrDraw_DisplayWipeV210(ZRFX_FRONT_DOOR_ARGS) {
     return 0xFFFFFFFFu;
   }
   const zrfxScratchPlanes planes = zrfxLayScratch(block, width, height);
+  SharedScratch* const scratch = SharedScratch::Adopt(block, zrfxScratchBytes(width, height));
   const uint32_t planePitch = width * 3;
   const zrfxWipeArgs wipe{
       wipeCode,      width,       height,  {fxReserved0, fxReserved1, fxReserved2, fxReserved3, fxReserved4},
@@ -45,21 +46,20 @@ uint32_t ZrDraw_DisplayWipeV210(ZRFX_FRONT_DOOR_ARGS) {
   // Plane A whole, then plane B.
   const AdapterRowForm& rows = PickV210Rows();
   for (uint32_t y = 0; y < height; ++y)
-    rows.expand(zrfxRow(srcA, pitchA, y), planes.planeA + size_t{y} * planePitch, width);
+    rows.expand(FxRow(srcA, y, pitchA), planes.planeA + size_t{y} * planePitch, width);
   for (uint32_t y = 0; y < height; ++y)
-    rows.expand(zrfxRow(srcB, pitchB, y), planes.planeB + size_t{y} * planePitch, width);
+    rows.expand(FxRow(srcB, y, pitchB), planes.planeB + size_t{y} * planePitch, width);
 
   // No guard here, unlike the 4:2:2 adapter: an exception from the wipe goes
   // to the caller with the block held and the priority still raised. Hosts
   // have always seen it so; keep it.
-  const bool workersThrough = zrfxWipePlanes(planes, wipe);
+  zrfxWipePlanes(planes, wipe, scratch);
 
   for (uint32_t y = 0; y < height; ++y)
-    rows.pack(planes.planeOut + size_t{y} * planePitch, zrfxRow(dst, dstPitch, y), width);
+    rows.pack(planes.planeOut + size_t{y} * planePitch, FxRow(dst, y, dstPitch), width);
 
-  // Late workers keep the block: freeing it under them would be worse than
-  // leaving it.
-  if (workersThrough) ZrFree(block);
+  // Freed here, or by the last late worker.
+  scratch->Release();
   zrOSSetThreadPriority(self, priority);
   return 0;
 }

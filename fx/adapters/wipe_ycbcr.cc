@@ -3,7 +3,7 @@
 #include "fx/adapters/adapter_scratch.h"
 #include "fx/adapters/adapter_wipe.h"
 #include "fx/adapters/ycbcr422_rows.h"
-#include "fx/dissolve/fx_source_rows.h"
+#include "fx/source_rows.h"
 #include "platform/zrutil.h"
 #include "zrfx.h"
 
@@ -31,6 +31,7 @@ uint32_t ZrDraw_DisplayWipeYCbCr(ZRFX_FRONT_DOOR_ARGS) {
     return 0xFFFFFFFFu;
   }
   const zrfxScratchPlanes planes = zrfxLayScratch(block, width, height);
+  SharedScratch* const scratch = SharedScratch::Adopt(block, zrfxScratchBytes(width, height));
   const uint32_t planePitch = width * 3;
   const zrfxWipeArgs wipe{
       wipeCode,      width,       height,  {fxReserved0, fxReserved1, fxReserved2, fxReserved3, fxReserved4},
@@ -39,25 +40,23 @@ uint32_t ZrDraw_DisplayWipeYCbCr(ZRFX_FRONT_DOOR_ARGS) {
   // Both planes a row at a time.
   const AdapterRowForm& rows = PickYCbCr422Rows();
   for (uint32_t y = 0; y < height; ++y) {
-    rows.expand(zrfxRow(srcA, pitchA, y), planes.planeA + size_t{y} * planePitch, width);
-    rows.expand(zrfxRow(srcB, pitchB, y), planes.planeB + size_t{y} * planePitch, width);
+    rows.expand(FxRow(srcA, y, pitchA), planes.planeA + size_t{y} * planePitch, width);
+    rows.expand(FxRow(srcB, y, pitchB), planes.planeB + size_t{y} * planePitch, width);
   }
-  bool workersThrough;
   try {
-    workersThrough = zrfxWipePlanes(planes, wipe);
+    zrfxWipePlanes(planes, wipe, scratch);
   } catch (...) {
     // dst keeps its former picture and the caller sees success.
     ErrOut("%s", kZrfxWipeExceptionText);
-    ZrFree(block);
+    scratch->Release();
     zrOSSetThreadPriority(self, priority);
     return 0;
   }
   for (uint32_t y = 0; y < height; ++y)
-    rows.pack(planes.planeOut + size_t{y} * planePitch, zrfxRow(dst, dstPitch, y), width);
+    rows.pack(planes.planeOut + size_t{y} * planePitch, FxRow(dst, y, dstPitch), width);
 
-  // Late workers keep the block: freeing it under them would be worse than
-  // leaving it.
-  if (workersThrough) ZrFree(block);
+  // Freed here, or by the last late worker.
+  scratch->Release();
   zrOSSetThreadPriority(self, priority);
   return 0;
 }

@@ -1,8 +1,8 @@
 // zrfxDISSOLVE and zrfxDISSOLVE2: the cross-fade. Both mix every sample of
 // the band in double precision; they differ only in which formats they take.
 #include "fx/dissolve/dissolve_band.h"
-#include "fx/dissolve/fx_format_group.h"
-#include "fx/dissolve/fx_source_rows.h"
+#include "fx/fx_format.h"
+#include "fx/source_rows.h"
 #include "zrfx.h"
 
 namespace {
@@ -10,7 +10,7 @@ namespace {
 using namespace zr::fx;
 
 // `dst` rows are `pitchB` apart: dstPitch is carried and never read.
-void Dissolve(const zrfxFormatInfo& format, uint8_t* srcA, uint32_t pitchA, uint8_t* srcB, uint32_t pitchB,
+void Dissolve(const FxFormatInfo& format, uint8_t* srcA, uint32_t pitchA, uint8_t* srcB, uint32_t pitchB,
               uint8_t* dst, uint32_t wipeCode, uint32_t progressStart, uint32_t progressEnd,
               uint32_t progress, const zrfxBand& band) {
   zrfxDissolveBand(format, zrfxPickRoles(srcA, pitchA, srcB, pitchB, wipeCode), dst, pitchB, progressStart,
@@ -22,8 +22,8 @@ void Dissolve(const zrfxFormatInfo& format, uint8_t* srcA, uint32_t pitchA, uint
 uint32_t zrfxDISSOLVE2(ZRFX_EFFECT_ARGS) {
   (void)dstPitch, (void)width, (void)height;
   (void)fxReserved0, (void)fxReserved1, (void)fxReserved2, (void)fxReserved3, (void)fxReserved4;
-  const zrfxFormatInfo info = zrfxFormatInfoOf(format);
-  if (info.group == fxFormatNone) return 0;
+  const FxFormatInfo info = FxFormatOf(format);
+  if (info.group == FxFormatGroup::kNone) return 0;
   Dissolve(info, srcA, pitchA, srcB, pitchB, dst, wipeCode, progressStart, progressEnd, progress,
            {bandLeft, bandRight, bandTop, bandBottom});
   return 0;
@@ -39,7 +39,7 @@ uint32_t zrfxDISSOLVE(ZRFX_EFFECT_ARGS) {
     return 0;
   }
   if (format == 29 || format == 30)
-    Dissolve(zrfxFormatInfoOf(format), srcA, pitchA, srcB, pitchB, dst, wipeCode, progressStart, progressEnd,
+    Dissolve(FxFormatOf(format), srcA, pitchA, srcB, pitchB, dst, wipeCode, progressStart, progressEnd,
              progress, {bandLeft, bandRight, bandTop, bandBottom});
   return 0;
 }

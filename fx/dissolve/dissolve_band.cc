@@ -21,8 +21,8 @@ bool PartlyOverlaps(const uint8_t* a, const uint8_t* b, size_t n) {
   return x != y && x < y + n && y < x + n;
 }
 
-DissolveRowFn PlainRow(const zrfxFormatInfo& format) {
-  switch (format.bytesPerSample) {
+DissolveRowFn PlainRow(const FxFormatInfo& format) {
+  switch (format.BytesPerSample()) {
     case 1:
       return DissolveRow8_C;
     case 2:
@@ -35,8 +35,8 @@ DissolveRowFn PlainRow(const zrfxFormatInfo& format) {
 // Every integer group: a sample is mixed on its own, whatever the pixel, so
 // the 3-sample groups run the same loops. The float groups have the plain
 // loop only.
-DissolveRowFn VectorRow(const zrfxFormatInfo& format) {
-  switch (format.bytesPerSample) {
+DissolveRowFn VectorRow(const FxFormatInfo& format) {
+  switch (format.BytesPerSample()) {
     case 1:
       return PickDissolveRowForm().row8;
     case 2:
@@ -48,14 +48,14 @@ DissolveRowFn VectorRow(const zrfxFormatInfo& format) {
 
 }  // namespace
 
-void zrfxDissolveBand(const zrfxFormatInfo& format, const zrfxSourceRoles& roles, uint8_t* dst,
+void zrfxDissolveBand(const FxFormatInfo& format, const zrfxSourceRoles& roles, uint8_t* dst,
                       uint32_t dstPitch, uint32_t progressStart, uint32_t progressEnd, uint32_t progress,
                       const zrfxBand& band) {
   if (band.top >= band.bottom || band.left >= band.right) return;
   const double t = zrfxDissolveRatio(progress, progressEnd - progressStart);
   const double u = 1.0 - t;
 
-  const size_t bytesPerPixel = format.BytesPerPixel();
+  const size_t bytesPerPixel = format.bytesPerPixel;
   const size_t first = band.left * bytesPerPixel;
   const size_t bytes = (band.right - band.left) * bytesPerPixel;
   const size_t samples = size_t{band.right - band.left} * format.samplesPerPixel;
@@ -63,9 +63,9 @@ void zrfxDissolveBand(const zrfxFormatInfo& format, const zrfxSourceRoles& roles
   const DissolveRowFn vector = band.right - band.left >= kVectorMinPixels ? VectorRow(format) : nullptr;
 
   for (uint32_t y = band.top; y < band.bottom; ++y) {
-    const uint8_t* in = zrfxRow(roles.incoming, roles.incomingPitch, y) + first;
-    const uint8_t* out = zrfxRow(roles.outgoing, roles.outgoingPitch, y) + first;
-    uint8_t* row = zrfxRow(dst, dstPitch, y) + first;
+    const uint8_t* in = FxRow(roles.incoming, y, roles.incomingPitch) + first;
+    const uint8_t* out = FxRow(roles.outgoing, y, roles.outgoingPitch) + first;
+    uint8_t* row = FxRow(dst, y, dstPitch) + first;
     const bool vectorOk = vector && !PartlyOverlaps(row, in, bytes) && !PartlyOverlaps(row, out, bytes);
     (vectorOk ? vector : plain)(in, out, row, samples, t, u);
   }

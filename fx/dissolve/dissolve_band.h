@@ -4,8 +4,8 @@
 
 #include <cstdint>
 
-#include "fx/dissolve/fx_format_group.h"
-#include "fx/dissolve/fx_source_rows.h"
+#include "fx/fx_format.h"
+#include "fx/source_rows.h"
 
 namespace zr::fx {
 
@@ -17,7 +17,7 @@ struct zrfxBand {
 // Mixes every sample of the band from `incoming` and `outgoing` into `dst`,
 // whose rows are `dstPitch` apart. `format` must be in a group. An empty band
 // writes nothing.
-void zrfxDissolveBand(const zrfxFormatInfo& format, const zrfxSourceRoles& roles, uint8_t* dst,
+void zrfxDissolveBand(const FxFormatInfo& format, const zrfxSourceRoles& roles, uint8_t* dst,
                       uint32_t dstPitch, uint32_t progressStart, uint32_t progressEnd, uint32_t progress,
                       const zrfxBand& band);
 

@@ -12,7 +12,7 @@
 #include "dissolve_test_support.h"
 #include "fx/dissolve/dissolve_convert.h"
 #include "fx/dissolve/dissolve_row.h"
-#include "fx/dissolve/fx_format_group.h"
+#include "fx/fx_format.h"
 #include "zrfx.h"
 
 namespace zr::fx {
@@ -22,9 +22,9 @@ using test::EffectArgs;
 using test::RunEffect;
 using test::TestPicture;
 
-DissolveRowFn PlainRowFor(const zrfxFormatInfo& info) {
-  return info.bytesPerSample == 1   ? DissolveRow8_C
-         : info.bytesPerSample == 2 ? DissolveRow16_C
+DissolveRowFn PlainRowFor(const FxFormatInfo& info) {
+  return info.BytesPerSample() == 1   ? DissolveRow8_C
+         : info.BytesPerSample() == 2 ? DissolveRow16_C
                                     : DissolveRowF32_C;
 }
 
@@ -32,12 +32,12 @@ DissolveRowFn PlainRowFor(const zrfxFormatInfo& info) {
 // incoming picture, each source keeps its pitch, dst rows are pitchB apart
 // and dstPitch is not read. Every other byte stays.
 std::vector<uint8_t> ExpectedOutput(const EffectArgs& a, std::vector<uint8_t> dst) {
-  const zrfxFormatInfo info = zrfxFormatInfoOf(a.format);
+  const FxFormatInfo info = FxFormatOf(a.format);
   const bool reversed = a.wipeCode >> 31;
   const uint8_t *in = reversed ? a.srcA : a.srcB, *out = reversed ? a.srcB : a.srcA;
   const uint32_t inPitch = reversed ? a.pitchA : a.pitchB, outPitch = reversed ? a.pitchB : a.pitchA;
   const double t = zrfxDissolveRatio(a.progress, a.progressEnd - a.progressStart);
-  const size_t bpp = info.BytesPerPixel();
+  const size_t bpp = info.bytesPerPixel;
   for (uint32_t y = a.bandTop; y < a.bandBottom; ++y)
     for (uint32_t x = a.bandLeft; x < a.bandRight; ++x)
       PlainRowFor(info)(in + y * inPitch + x * bpp, out + y * outPitch + x * bpp,
@@ -50,7 +50,7 @@ TEST(DissolveEffects, MixExactlyTheBandInEveryFormatGroup) {
   test::Rng rng(2024);
   for (int round = 0; round < 400; ++round) {
     const uint32_t format = kFormats[round % std::size(kFormats)];
-    const uint32_t bpp = zrfxFormatInfoOf(format).BytesPerPixel();
+    const uint32_t bpp = FxFormatOf(format).bytesPerPixel;
     const uint32_t width = 1 + rng.Below(40), height = 1 + rng.Below(6);
     const uint64_t seed = rng.Next();
     TestPicture a(width * bpp + rng.Below(20), height, seed, rng.Below(2));
@@ -102,7 +102,7 @@ TEST(DissolveEffects, FormatsOutsideTheirGroupsAndEmptyBandsWriteNothing) {
 TEST(DissolveEffects, OutputIntoASourceMatchesASeparateOutput) {
   for (uint32_t format : {1u, 5u, 31u, 32u, 29u}) {
     for (bool intoA : {false, true}) {
-      const uint32_t bpp = zrfxFormatInfoOf(format).BytesPerPixel(), pitch = 40 * bpp + 8;
+      const uint32_t bpp = FxFormatOf(format).bytesPerPixel, pitch = 40 * bpp + 8;
       TestPicture a(pitch, 5, 10), b(pitch, 5, 11), dst(pitch, 5, 12);
       EffectArgs args{a.data(), pitch, b.data(), pitch, dst.data(), pitch, 0,  format, 40,
                       5,        {},    0,        65536, 12345,      3,     37, 1,      5};
@@ -120,12 +120,12 @@ TEST(DissolveEffects, OutputIntoASourceMatchesASeparateOutput) {
 // order, each sample reading what the ones before it wrote.
 TEST(DissolveEffects, OutputShiftedAgainstASourceRunsInMemoryOrder) {
   for (uint32_t format : {1u, 32u}) {
-    const zrfxFormatInfo info = zrfxFormatInfoOf(format);
-    const uint32_t bpp = info.BytesPerPixel(), pitch = 64 * bpp;
+    const FxFormatInfo info = FxFormatOf(format);
+    const uint32_t bpp = info.bytesPerPixel, pitch = 64 * bpp;
     TestPicture a(pitch + bpp, 1, 20), b(pitch, 1, 21);
     std::vector<uint8_t> model = a.Bytes();
     const double t = zrfxDissolveRatio(777, 1000);
-    for (size_t i = 0; i < pitch; i += info.bytesPerSample)
+    for (size_t i = 0; i < pitch; i += info.BytesPerSample())
       PlainRowFor(info)(b.data() + i, model.data() + i, model.data() + bpp + i, 1, t, 1.0 - t);
     EffectArgs args{a.data(), pitch, b.data(), pitch, a.data() + bpp, pitch, 0, format,
                     64,       1,     {},       0,     1000,           777,   0, 64,

@@ -11,7 +11,7 @@
 #include "common/crc32.h"
 #include "common/test_random.h"
 #include "dissolve_test_support.h"
-#include "fx/dissolve/fx_format_group.h"
+#include "fx/fx_format.h"
 
 namespace zr::test {
 
@@ -41,13 +41,13 @@ class GoldenFrames {
   static constexpr uint32_t kWidth = 37, kHeight = 11;
 
   explicit GoldenFrames(uint32_t format)
-      : info_(fx::zrfxFormatInfoOf(format)),
-        pitch_(kWidth * info_.BytesPerPixel() + (info_.bytesPerSample == 4 ? 16 : 13)) {
+      : info_(fx::FxFormatOf(format)),
+        pitch_(kWidth * info_.bytesPerPixel + (info_.BytesPerSample() == 4 ? 16 : 13)) {
     for (uint64_t seed : {1, 2, 3}) {
       auto& bytes = frames_[seed - 1];
       bytes.resize(size_t{pitch_} * kHeight);
       Rng rng(seed);
-      if (info_.bytesPerSample != 4) {
+      if (info_.BytesPerSample() != 4) {
         rng.Fill(bytes.data(), bytes.size());
         continue;
       }
@@ -82,7 +82,7 @@ class GoldenFrames {
   uint32_t DstCrc() const { return Crc32(frames_[2].data(), frames_[2].size()); }
 
  private:
-  fx::zrfxFormatInfo info_;
+  fx::FxFormatInfo info_;
   uint32_t pitch_;
   std::vector<uint8_t> frames_[3];
 };

@@ -1,6 +1,6 @@
 // Which source is coming in, and where a row of a picture starts.
-#ifndef ZR_FX_DISSOLVE_FX_SOURCE_ROWS_H
-#define ZR_FX_DISSOLVE_FX_SOURCE_ROWS_H
+#ifndef ZR_FX_SOURCE_ROWS_H
+#define ZR_FX_SOURCE_ROWS_H
 
 #include <cstdint>
 
@@ -22,10 +22,10 @@ inline zrfxSourceRoles zrfxPickRoles(const uint8_t* srcA, uint32_t pitchA, const
   return {srcB, pitchB, srcA, pitchA};
 }
 
-// Row y of a picture. The offset is cut to 32 bits before it is added, as
-// it always has been; hosts with frames beyond 4 GiB see the wrap.
+// Row y of a picture. The offset y * pitch wraps at 2^32 before it is added,
+// as it always has; hosts with frames beyond 4 GiB see the wrap.
 template <typename Byte>
-inline Byte* zrfxRow(Byte* base, uint32_t pitch, uint32_t y) {
+inline Byte* FxRow(Byte* base, uint32_t y, uint32_t pitch) {
   return base + static_cast<uint32_t>(y * pitch);
 }
 
