@@ -45,7 +45,6 @@ struct FxCall {
   bool BandEmpty() const { return bandTop >= bandBottom || bandLeft >= bandRight; }
 };
 
-
 // The two pictures of a transition, each with its own pitch, and the output,
 // whose rows are pitchB apart (dstPitch is carried, never read).
 struct FxPictures {

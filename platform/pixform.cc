@@ -1,9 +1,9 @@
 // Vertical and horizontal flips of frames of four-byte pixels.
 #include "platform/pixform.h"
 
-#include <cstring>
 #include <algorithm>
 #include <cstddef>
+#include <cstring>
 
 namespace {
 
@@ -33,8 +33,7 @@ void pfmt_flip_vert(void* source, void* destination, int width, int height, int 
   }
 }
 
-void pfmt_flip_horz(void* source, void* destination, int width, int height, int pitch,
-                    uint32_t pixelMask) {
+void pfmt_flip_horz(void* source, void* destination, int width, int height, int pitch, uint32_t pixelMask) {
   if (width <= 0 || height <= 0) return;
   for (int y = 0; y < height; ++y) {
     uint8_t* src = Row(source, y, pitch);

@@ -11,7 +11,6 @@ void pfmt_flip_vert(void* source, void* destination, int width, int height, int 
 // Mirrors each row left to right, in place or between two frames. Bits of
 // pixelMask that are clear take the pixel's own bytes unmirrored; all ones
 // mirrors whole pixels.
-void pfmt_flip_horz(void* source, void* destination, int width, int height, int pitch,
-                    uint32_t pixelMask);
+void pfmt_flip_horz(void* source, void* destination, int width, int height, int pitch, uint32_t pixelMask);
 
 #endif

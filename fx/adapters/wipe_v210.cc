@@ -1,7 +1,7 @@
 // ZrDraw_DisplayWipeV210: any transition on 10-bit v210 pictures, by way of
 // 8-bit 4:4:4 planes and the wipe front door. The two low bits of every
 // sample are lost on the way.
-#include "fx/adapters/adapter_scratch.h"
+#include "fx/adapters/adapter_call.h"
 #include "fx/adapters/adapter_wipe.h"
 #include "fx/adapters/v210_pitch.h"
 #include "fx/adapters/v210_rows.h"
@@ -19,25 +19,9 @@ uint32_t ZrDraw_DisplayWipeV210(ZRFX_FRONT_DOOR_ARGS) {
   pitchB = zrfxV210Pitch(pitchB, width);
   dstPitch = zrfxV210Pitch(dstPitch, width);
 
-  const ZrHandle self = zrOSGetCurrentThread();
-  const int priority = zrOSGetThreadPriority(self);
-  zrOSSetThreadPriority(self, kZrfxAdapterPriority);
-
-  void* block;
-  try {
-    block = zrfxAllocScratch(width, height);
-  } catch (...) {
-    // Nothing logged and the thread left at priority 15, as in the 4:2:2
-    // adapter; keep it.
-    return 0xFFFFFFFFu;
-  }
-  if (!block) {
-    ErrOut("%s", kZrfxNoMemoryText);
-    zrOSSetThreadPriority(self, priority);
-    return 0xFFFFFFFFu;
-  }
-  const zrfxScratchPlanes planes = zrfxLayScratch(block, width, height);
-  SharedScratch* const scratch = SharedScratch::Adopt(block, zrfxScratchBytes(width, height));
+  zrfxAdapterCall call;
+  if (!zrfxBeginAdapter(width, height, call)) return 0xFFFFFFFFu;
+  const zrfxScratchPlanes& planes = call.planes;
   const uint32_t planePitch = width * 3;
   const zrfxWipeArgs wipe{
       wipeCode,      width,       height,  {fxReserved0, fxReserved1, fxReserved2, fxReserved3, fxReserved4},
@@ -53,13 +37,11 @@ uint32_t ZrDraw_DisplayWipeV210(ZRFX_FRONT_DOOR_ARGS) {
   // No guard here, unlike the 4:2:2 adapter: an exception from the wipe goes
   // to the caller with the block held and the priority still raised. Hosts
   // have always seen it so; keep it.
-  zrfxWipePlanes(planes, wipe, scratch);
+  zrfxWipePlanes(planes, wipe, call.scratch);
 
   for (uint32_t y = 0; y < height; ++y)
     rows.pack(planes.planeOut + size_t{y} * planePitch, FxRow(dst, y, dstPitch), width);
 
-  // Freed here, or by the last late worker.
-  scratch->Release();
-  zrOSSetThreadPriority(self, priority);
+  zrfxEndAdapter(call);
   return 0;
 }

@@ -1,6 +1,6 @@
 // ZrDraw_DisplayWipeYCbCr: any transition on 8-bit packed 4:2:2 pictures, by
 // way of 4:4:4 planes and the wipe front door.
-#include "fx/adapters/adapter_scratch.h"
+#include "fx/adapters/adapter_call.h"
 #include "fx/adapters/adapter_wipe.h"
 #include "fx/adapters/ycbcr422_rows.h"
 #include "fx/source_rows.h"
@@ -13,25 +13,9 @@ using namespace zr::fx;
 // pitches are the caller's own, each for its picture.
 uint32_t ZrDraw_DisplayWipeYCbCr(ZRFX_FRONT_DOOR_ARGS) {
   (void)format;
-  const ZrHandle self = zrOSGetCurrentThread();
-  const int priority = zrOSGetThreadPriority(self);
-  zrOSSetThreadPriority(self, kZrfxAdapterPriority);
-
-  void* block;
-  try {
-    block = zrfxAllocScratch(width, height);
-  } catch (...) {
-    // Nothing logged and the thread left at priority 15: hosts have always
-    // seen it so from a throwing allocator; keep it.
-    return 0xFFFFFFFFu;
-  }
-  if (!block) {
-    ErrOut("%s", kZrfxNoMemoryText);
-    zrOSSetThreadPriority(self, priority);
-    return 0xFFFFFFFFu;
-  }
-  const zrfxScratchPlanes planes = zrfxLayScratch(block, width, height);
-  SharedScratch* const scratch = SharedScratch::Adopt(block, zrfxScratchBytes(width, height));
+  zrfxAdapterCall call;
+  if (!zrfxBeginAdapter(width, height, call)) return 0xFFFFFFFFu;
+  const zrfxScratchPlanes& planes = call.planes;
   const uint32_t planePitch = width * 3;
   const zrfxWipeArgs wipe{
       wipeCode,      width,       height,  {fxReserved0, fxReserved1, fxReserved2, fxReserved3, fxReserved4},
@@ -44,19 +28,16 @@ uint32_t ZrDraw_DisplayWipeYCbCr(ZRFX_FRONT_DOOR_ARGS) {
     rows.expand(FxRow(srcB, y, pitchB), planes.planeB + size_t{y} * planePitch, width);
   }
   try {
-    zrfxWipePlanes(planes, wipe, scratch);
+    zrfxWipePlanes(planes, wipe, call.scratch);
   } catch (...) {
     // dst keeps its former picture and the caller sees success.
     ErrOut("%s", kZrfxWipeExceptionText);
-    scratch->Release();
-    zrOSSetThreadPriority(self, priority);
+    zrfxEndAdapter(call);
     return 0;
   }
   for (uint32_t y = 0; y < height; ++y)
     rows.pack(planes.planeOut + size_t{y} * planePitch, FxRow(dst, y, dstPitch), width);
 
-  // Freed here, or by the last late worker.
-  scratch->Release();
-  zrOSSetThreadPriority(self, priority);
+  zrfxEndAdapter(call);
   return 0;
 }
