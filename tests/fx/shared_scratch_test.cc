@@ -15,12 +15,13 @@ namespace {
 
 constexpr size_t kBytes = 4096;
 
-// Outlasts the driver's 100 ms bound, then writes its band's rows.
+// Outlasts the driver's 100 ms bound, then writes its band's four-byte pixels.
 uint32_t SlowEffect(uint8_t*, uint32_t, uint8_t*, uint32_t pitchB, uint8_t* dst, uint32_t, uint32_t, uint32_t,
                     uint32_t, uint32_t, uint32_t, uint32_t, uint32_t, uint32_t, uint32_t, uint32_t, uint32_t,
-                    uint32_t, uint32_t, uint32_t, uint32_t bandTop, uint32_t bandBottom) {
+                    uint32_t, uint32_t bandLeft, uint32_t bandRight, uint32_t bandTop, uint32_t bandBottom) {
   std::this_thread::sleep_for(std::chrono::milliseconds(250));
-  for (uint32_t y = bandTop; y < bandBottom; ++y) std::memset(dst + y * pitchB, 0x5A, pitchB);
+  for (uint32_t y = bandTop; y < bandBottom; ++y)
+    std::memset(dst + y * pitchB + bandLeft * 4, 0x5A, (bandRight - bandLeft) * 4);
   return 0;
 }
 
