@@ -1,167 +1,63 @@
-// ZrDraw_DisplayWipe: which effect each wipe number plays, and what reaches
-// the picture through the front door.
+// ZrDraw_DisplayWipe: the wipe number on either side of each boundary of its
+// table, formats in no group, and the rows of the output.
 #include <gtest/gtest.h>
 
-#include <vector>
-
-#include "common/test_random.h"
-#include "fx/fx_call.h"
-#include "fx/wipe_table.h"
-#include "late_workers.h"
-#include "wipe_model.h"
-#include "zrfx.h"
+#include "fx_frames.h"
 
 namespace {
 
-using zr::fx::WipeEffectFor;
+// Each number writes what its effect writes when called directly, and
+// dstPitch is never read. 508 and 515 reach the slide, which does nothing for
+// them, as for 500 with the reverse flag. Format 10 (4:2:2) is in no group:
+// dst stays as it was, except that the slide takes it as 4 bytes a pixel.
+TEST(FrontDoor, NumbersAtTheBoundariesOfTheTable) {
+  constexpr uint32_t kW = 21, kH = 9, kPitch = kW * 4;
+  const struct {
+    uint32_t code;
+    zrfxEffectFn effect;
+  } cases[] = {
+      // clang-format off
+      {0, zrfxDISSOLVE}, {0x80000001u, zrfxSMPTE_Horizontal}, {8, zrfxSMPTE_FourSquare}, {9, zrfxDISSOLVE},
+      {20, zrfxDISSOLVE}, {21, zrfxSMPTE_BarnDoorVertical}, {26, zrfxSMPTE_LeftCenter}, {27, zrfxDISSOLVE},
+      {41, zrfxSMPTE_Rectangle}, {101, zrfxSMPTE_Rectangle}, {102, zrfxSMPTE_Horizontal},
+      {409, zrfxSMPTE_Horizontal}, {410, zrfxDISSOLVE}, {499, zrfxDISSOLVE}, {500, zrfxSLIDE_Basic},
+      {507, zrfxSLIDE_Basic}, {508, zrfxSLIDE_Basic}, {515, zrfxSLIDE_Basic}, {516, zrfxDISSOLVE},
+      {0x80000000u | 500, zrfxSLIDE_Basic}, {0x80000000u, zrfxDISSOLVE}, {0xFFFFFFFFu, zrfxDISSOLVE},
+      {0x80000000u | 26, zrfxSMPTE_LeftCenter},
+      // clang-format on
+  };
 
-// The numbers from 1 to 515 that have no effect of their own and play as the
-// dissolve, as listed apart from the table itself.
-bool ListedAsDissolve(uint32_t n) {
-  static constexpr uint32_t kRanges[][2] = {
-      {9, 20},    {27, 40},   {49, 60},   {69, 70},   {75, 100},  {115, 118}, {126, 126},
-      {132, 200}, {208, 210}, {215, 220}, {229, 230}, {237, 240}, {247, 250}, {255, 260},
-      {265, 300}, {307, 309}, {318, 319}, {330, 339}, {346, 349}, {354, 408}, {410, 499}};
-  for (const auto& r : kRanges)
-    if (n >= r[0] && n <= r[1]) return true;
-  return false;
-}
-
-zrfxEffectFn Expected(uint32_t n) {
-  static constexpr zrfxEffectFn kFirst[] = {nullptr,
-                                            zrfxSMPTE_Horizontal,
-                                            zrfxSMPTE_Vertical,
-                                            zrfxSMPTE_TopLeft,
-                                            zrfxSMPTE_TopRight,
-                                            zrfxSMPTE_BottomRight,
-                                            zrfxSMPTE_BottomLeft,
-                                            zrfxSMPTE_FourCorners,
-                                            zrfxSMPTE_FourSquare};
-  if (n == 0 || n > 515 || ListedAsDissolve(n)) return zrfxDISSOLVE;
-  if (n <= 8) return kFirst[n];
-  if (n >= 21 && n <= 26) {
-    static constexpr zrfxEffectFn kDoors[] = {zrfxSMPTE_BarnDoorVertical, zrfxSMPTE_BarnDoorHorizontal,
-                                              zrfxSMPTE_TopCenter,        zrfxSMPTE_RightCenter,
-                                              zrfxSMPTE_BottomCenter,     zrfxSMPTE_LeftCenter};
-    return kDoors[n - 21];
-  }
-  if ((n >= 41 && n <= 48) || (n >= 61 && n <= 68) || (n >= 71 && n <= 74) || n == 101)
-    return zrfxSMPTE_Rectangle;
-  if (n >= 500) return zrfxSLIDE_Basic;
-  return zrfxSMPTE_Horizontal;  // the patterns that are not drawn
-}
-
-TEST(WipeTable, EveryNumberPlaysItsEffectWhateverTheReverseFlag) {
-  for (uint32_t n = 0; n < 1200; ++n) {
-    EXPECT_EQ(WipeEffectFor(n), Expected(n)) << "number " << n;
-    EXPECT_EQ(WipeEffectFor(n | 0x80000000u), Expected(n)) << "number " << n << " reversed";
-  }
-  for (uint32_t n : {0x7FFFFFFFu, 0xFFFFFFFFu, 0x80000000u, 0x10000001u, 0x40000000u + 500})
-    EXPECT_EQ(WipeEffectFor(n), zrfxDISSOLVE) << std::hex << n;
-}
-
-struct Frames {
-  static constexpr uint32_t kW = 21, kH = 9, kBpp = 4, kPitch = kW * kBpp;
-  std::vector<uint8_t> a, b, d;
-  explicit Frames(uint64_t seed) : a(kPitch * kH), b(a.size()), d(a.size()) {
-    zr::test::Rng r(seed);
-    r.Fill(a.data(), a.size());
-    r.Fill(b.data(), b.size());
-    r.Fill(d.data(), d.size());
-  }
-  uint32_t Wipe(uint32_t code, uint32_t format, uint32_t start, uint32_t end, uint32_t progress,
-                uint32_t dstPitch = kPitch) {
-    const uint32_t result = ZrDraw_DisplayWipe(a.data(), kPitch, b.data(), kPitch, d.data(), dstPitch, code,
-                                               format, kW, kH, 0, 0, 0, 0, 0, start, end, progress);
-    zr::test::WaitForLateWorkers();
-    return result;
-  }
-  // What the effect does to a copy of dst over the whole picture.
-  std::vector<uint8_t> Direct(zrfxEffectFn effect, uint32_t code, uint32_t format, uint32_t start,
-                              uint32_t end, uint32_t progress) {
-    std::vector<uint8_t> out = d;
-    effect(a.data(), kPitch, b.data(), kPitch, out.data(), kPitch, code, format, kW, kH, 0, 0, 0, 0, 0, start,
-           end, progress, 0, kW, 0, kH);
-    return out;
-  }
-};
-
-TEST(FrontDoor, UnassignedNumbersPlayTheDissolve) {
-  for (uint32_t code : {0u, 9u, 516u, 0x80000000u | 9u, 0xFFFFFFFFu}) {
-    Frames f(code);
-    const auto want = f.Direct(zrfxDISSOLVE, code, 1, 0, 65536, 20000);
-    EXPECT_EQ(f.Wipe(code, 1, 0, 65536, 20000), 0u);
-    EXPECT_EQ(f.d, want) << "code " << std::hex << code;
-  }
-}
-
-// Each number that has an effect of its own, with and without the reverse
-// flag, against the per-pixel model over the whole picture.
-TEST(FrontDoor, EveryWipeNumberPlaysItsEffectOverTheWholePicture) {
-  for (uint32_t number = 1; number <= 515; ++number) {
-    const zrfxEffectFn effect = WipeEffectFor(number);
-    if (effect == zrfxDISSOLVE) continue;
-    for (uint32_t reverse : {0u, 0x80000000u})
-      for (uint32_t progress : {0u, 37u, 100u, 130u}) {
-        const uint32_t code = number | reverse;
-        Frames f(code * 7 + progress);
-        auto want = f.d;
-        zr::fx::FxCall c{f.a.data(),  Frames::kPitch,
-                         f.b.data(),  Frames::kPitch,
-                         want.data(), Frames::kPitch,
-                         code,        1,
-                         Frames::kW,  Frames::kH,
-                         0,           0,
-                         0,           0,
-                         0,           0,
-                         100,         progress,
-                         0,           Frames::kW,
-                         0,           Frames::kH};
-        zr::test::ModelEffect(effect, c);
-        EXPECT_EQ(f.Wipe(code, 1, 0, 100, progress), 0u);
-        ASSERT_EQ(f.d, want) << "number " << number << (reverse ? " reversed" : "") << " progress "
-                             << progress;
-      }
-  }
-}
-
-TEST(FrontDoor, SlideNumbersWithoutAMoveOrWithTheReverseFlagWriteNothing) {
-  for (uint32_t code : {508u, 515u, 0x80000000u | 500u, 0x80000000u | 503u}) {
-    Frames f(code);
-    const auto before = f.d;
-    f.Wipe(code, 1, 0, 100, 50);
-    EXPECT_EQ(f.d, before) << "code " << std::hex << code;
-  }
-}
-
-TEST(FrontDoor, FormatInNoGroupWritesNothingButTheSlideTakesItAsFourBytes) {
-  std::vector<uint32_t> codes = {0, 1, 2, 3, 4, 5, 6, 7, 8, 9, 21, 22, 23, 24, 25, 26, 41, 102, 516};
-  for (uint32_t code = 500; code <= 515; ++code) codes.push_back(code);
-  for (uint32_t code : codes) {
-    Frames f(code);
-    auto want = f.d;
-    if (code >= 500 && code <= 507) {
-      zr::fx::FxCall c{f.a.data(), 0, f.b.data(), 0, want.data(), 0,   code, 1, Frames::kW, Frames::kH, 0,
-                       0,          0, 0,          0, 0,           100, 40,   0, 0,          0,          0};
-      zr::test::ModelEffect(zrfxSLIDE_Basic, c);
+  for (const auto& c : cases)
+    for (uint32_t format : {1u, 10u}) {
+      zr::test::Frames direct(kPitch * kH, c.code), door = direct;
+      const auto before = door.d;
+      zr::test::Run(c.effect, direct.Call(kPitch, c.code, format, kW, kH, 100, 37));
+      auto call = door.Call(kPitch, c.code, format, kW, kH, 100, 37);
+      call.dstPitch = 0xDEAD;
+      EXPECT_EQ(zr::test::RunFrontDoor(call), 0u);
+      EXPECT_EQ(door.d, direct.d) << "code " << std::hex << c.code << " format " << format;
+      EXPECT_TRUE(format == 1 || c.effect == zrfxSLIDE_Basic || door.d == before) << "code " << c.code;
     }
-    f.Wipe(code, 10, 0, 100, 40);
-    EXPECT_EQ(f.d, want) << "code " << code;
+}
+
+// srcA rows 80 bytes apart, srcB and dst rows 100: the output takes pitchB,
+// whichever picture comes in, so a dst meant to be packed comes out sheared.
+// Progress 64 of 10..74 is complete: the start counts only through the span.
+TEST(FrontDoor, OutputRowsArePitchBApart) {
+  constexpr uint32_t kWidth = 16, kRows = 5, kPitchA = 80, kPitchB = 100;
+  for (uint32_t code : {0u, 1u, 3u, 8u, 22u, 0x80000000u, 0x80000001u, 0x80000003u, 0x80000008u}) {
+    zr::test::Frames f(kPitchB * kRows, code);
+    const auto before = f.d;
+    zr::test::RunFrontDoor({f.a.data(), kPitchA, f.b.data(), kPitchB, f.d.data(), kWidth * 4, code, 1,
+                            kWidth,     kRows,   0,          0,       0,          0,          0,    10,
+                            74,         64,      0,          0,       0,          0});
+    for (uint32_t y = 0; y < kRows; ++y)
+      for (uint32_t i = 0; i < kPitchB; ++i)
+        ASSERT_EQ(f.d[y * kPitchB + i], i >= kWidth * 4 ? before[y * kPitchB + i]
+                                        : code >> 31    ? f.a[y * kPitchA + i]
+                                                        : f.b[y * kPitchB + i])
+            << "code " << std::hex << code << std::dec << " row " << y << " byte " << i;
   }
-}
-
-TEST(FrontDoor, StartCountsOnlyThroughTheSpan) {
-  // Span 100, progress 100: complete, although the scale "ends" at 110.
-  Frames f(7);
-  f.Wipe(1, 1, 10, 110, 100);
-  EXPECT_EQ(f.d, f.b);
-}
-
-TEST(FrontDoor, OutputPitchIsNeverRead) {
-  Frames f(8), g(8);
-  f.Wipe(3, 1, 0, 100, 60, 0);
-  g.Wipe(3, 1, 0, 100, 60, 12345);
-  EXPECT_EQ(f.d, g.d);
 }
 
 }  // namespace

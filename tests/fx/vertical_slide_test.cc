@@ -1,99 +1,78 @@
 // The two whole-row effects: the edge from the top, which copies rows of
 // pitchA or pitchB bytes whatever the band's columns, and the slide, which
-// reads packed frames and clamps its shift.
+// reads packed frames, ignores the band but for its origin, and clamps.
 #include <gtest/gtest.h>
 
 #include <numeric>
-#include <vector>
+#include <string>
 
-#include "zrfx.h"
+#include "fx_frames.h"
 
 namespace {
 
-std::vector<uint8_t> Filled(size_t n, uint8_t first) {
-  std::vector<uint8_t> v(n);
-  std::iota(v.begin(), v.end(), first);
-  return v;
-}
-
+// Width 3 at 4 bytes: pitchA 12 is the bare row, pitchB 20 has padding.
+// Rows 0 and 1 come in; bandRight is not read, and a band off column 0 (the
+// driver's right bands) does nothing.
 TEST(Vertical, IncomingRowsCopyPitchABytesAndOutgoingRowsPitchB) {
-  // Width 3 at 4 bytes: pitchA 12 is the bare row, pitchB 20 has padding.
-  constexpr uint32_t kW = 3, kH = 4, kPitchA = 12, kPitchB = 20;
+  constexpr uint32_t kH = 4, kPitchA = 12, kPitchB = 20;
   for (uint32_t code : {0u, 0x80000000u}) {
-    const auto a = Filled(kPitchA * kH + 8, 0), b = Filled(kPitchB * kH, 100);
-    std::vector<uint8_t> d(kPitchB * kH, 0xEE);
-    // progress 50 of 100: rows 0 and 1 incoming.
-    zrfxSMPTE_Vertical(const_cast<uint8_t*>(a.data()), kPitchA, const_cast<uint8_t*>(b.data()), kPitchB,
-                       d.data(), 1, code, 1, kW, kH, 0, 0, 0, 0, 0, 0, 100, 50, 0, 77, 0, kH);
-    const bool reversed = code != 0;
-    for (uint32_t y = 0; y < kH; ++y) {
-      const bool incoming = y < 2;
-      const uint8_t* src = (incoming != reversed) ? b.data() + y * kPitchB : a.data() + y * kPitchA;
-      const uint32_t length = incoming ? kPitchA : kPitchB;
-      for (uint32_t i = 0; i < kPitchB; ++i)
-        EXPECT_EQ(d[y * kPitchB + i], i < length ? src[i] : 0xEE)
-            << "row " << y << " byte " << i << " code " << code;
+    for (uint32_t left : {0u, 1u}) {
+      std::vector<uint8_t> a(kPitchA * kH + 8), b(kPitchB * kH), d(kPitchB * kH, 0xEE);
+      std::iota(a.begin(), a.end(), 0);
+      std::iota(b.begin(), b.end(), 100);
+      zrfxSMPTE_Vertical(a.data(), kPitchA, b.data(), kPitchB, d.data(), 1, code, 1, 3, kH, 0, 0, 0, 0, 0, 0,
+                         100, 50, left, 77, 0, kH);
+      for (uint32_t y = 0; y < kH; ++y) {
+        const bool incoming = y < 2, fromB = incoming != (code != 0);
+        const uint8_t* src = fromB ? &b[y * kPitchB] : &a[y * kPitchA];
+        for (uint32_t i = 0; i < kPitchB; ++i)
+          EXPECT_EQ(d[y * kPitchB + i], !left && i < (incoming ? kPitchA : kPitchB) ? src[i] : 0xEE)
+              << "row " << y << " byte " << i << " code " << code << " left " << left;
+      }
     }
   }
 }
 
-TEST(Vertical, OnlyBandsAtColumnZeroActAndTheyDoWholeRows) {
-  constexpr uint32_t kW = 10, kH = 6, kPitch = 40;
-  auto a = Filled(kPitch * kH, 0), b = Filled(kPitch * kH, 128);
-  std::vector<uint8_t> d(kPitch * kH, 0xEE);
-  const auto untouched = d;
-  // The band of the upper right job.
-  zrfxSMPTE_Vertical(a.data(), kPitch, b.data(), kPitch, d.data(), kPitch, 0, 1, kW, kH, 0, 0, 0, 0, 0, 0,
-                     100, 50, 5, 10, 0, 3);
-  EXPECT_EQ(d, untouched);
-  // The band of the upper left job: whole rows 0 to 2, whatever bandRight.
-  zrfxSMPTE_Vertical(a.data(), kPitch, b.data(), kPitch, d.data(), kPitch, 0, 1, kW, kH, 0, 0, 0, 0, 0, 0,
-                     100, 50, 0, 5, 0, 3);
-  for (uint32_t i = 0; i < kPitch * kH; ++i) EXPECT_EQ(d[i], i < 3 * kPitch ? b[i] : 0xEE) << i;
+// A 4 x 3 frame whose pixels are letters: srcA "abcd efgh ijkl", srcB
+// "ABCD EFGH IJKL"; dst starts as '-' or is one of the sources.
+std::string Slide(uint32_t code, uint32_t progress, char dstIs = '-', uint32_t format = 1,
+                  uint32_t pitch = 16, uint32_t bandLeft = 0, uint32_t bandTop = 0) {
+  std::vector<uint8_t> a(48), b(48), d(48, '-');
+  for (size_t i = 0; i < 48; ++i) a[i] = 'a' + i / 4, b[i] = 'A' + i / 4;
+  uint8_t* dst = dstIs == 'a' ? a.data() : dstIs == 'b' ? b.data() : d.data();
+  zrfxSLIDE_Basic(a.data(), pitch, b.data(), pitch, dst, pitch, code, format, 4, 3, 0, 0, 0, 0, 0, 0, 3,
+                  progress, bandLeft, 0, bandTop, 0);
+  std::string picture;
+  for (size_t i = 0; i < 48; i += 4) picture += std::string(i && i % 16 == 0, ' ') + char(dst[i]);
+  return picture;
 }
 
-struct SlideFrames {
-  static constexpr uint32_t kW = 7, kH = 5, kBpp = 4, kRow = kW * kBpp;
-  std::vector<uint8_t> a = Filled(kRow * kH, 0), b = Filled(kRow * kH, 140),
-                       d = std::vector<uint8_t>(kRow * kH, 0xEE);
-  void Slide(uint32_t code, uint32_t progress, uint32_t format = 1, uint32_t pitch = kRow) {
-    zrfxSLIDE_Basic(a.data(), pitch, b.data(), pitch, d.data(), pitch, code, format, kW, kH, 0, 0, 0, 0, 0, 0,
-                    100, progress, 0, 0, 0, 0);
-  }
-};
-
-TEST(Slide, StartsOnSrcAAndEndsOnSrcBClampedPastTheEnd) {
-  for (uint32_t code = 500; code <= 507; ++code) {
-    SlideFrames f;
-    f.Slide(code, 0);
-    EXPECT_EQ(f.d, f.a) << code;
-    for (uint32_t progress : {100u, 101u, 250u, 0xFFFFFFFFu / SlideFrames::kH}) {
-      f.Slide(code, progress);
-      EXPECT_EQ(f.d, f.b) << code << " at " << progress;
-    }
-  }
-}
-
-TEST(Slide, ReadsPackedRowsWhateverThePitchAndTakesAnyOtherFormatAsFourBytes) {
-  SlideFrames packed, pitched, unknown;
-  packed.Slide(501, 30);
-  pitched.Slide(501, 30, 1, 999);
-  unknown.Slide(501, 30, 10);
-  EXPECT_EQ(pitched.d, packed.d);
-  EXPECT_EQ(unknown.d, packed.d);
-}
-
-TEST(Slide, DoesNothingForOtherNumbersTheReverseFlagOrABandOffTheOrigin) {
-  SlideFrames f;
-  const auto untouched = f.d;
-  for (uint32_t code = 508; code <= 515; ++code) f.Slide(code, 30);
-  f.Slide(0x80000000u | 500, 30);
-  f.Slide(499, 30);
-  zrfxSLIDE_Basic(f.a.data(), 0, f.b.data(), 0, f.d.data(), 0, 500, 1, 7, 5, 0, 0, 0, 0, 0, 0, 100, 30, 1, 7,
-                  0, 5);
-  zrfxSLIDE_Basic(f.a.data(), 0, f.b.data(), 0, f.d.data(), 0, 500, 1, 7, 5, 0, 0, 0, 0, 0, 0, 100, 30, 0, 7,
-                  2, 5);
-  EXPECT_EQ(f.d, untouched);
+TEST(Slide, MovesClampsCopyOrderAndWhatItIgnores) {
+  const struct {
+    uint32_t code, progress;
+    char dstIs;
+    const char* picture;
+  } cases[] = {
+      // clang-format off
+      {500, 0, '-', "abcd efgh ijkl"}, {500, 1, '-', "efgh ijkl IJKL"}, {501, 1, '-', "bcdD fghH jklL"},
+      {502, 1, '-', "ABCD abcd efgh"}, {503, 1, '-', "Aabc Eefg Iijk"}, {504, 1, '-', "ABCD abcd efgh"},
+      {507, 2, '-', "ABCD EFGH abcd"}, {501, 3, '-', "ABCD EFGH IJKL"}, {503, 9, '-', "ABCD EFGH IJKL"},
+      {500, 9, '-', "ABCD EFGH IJKL"}, {502, 0xFFFFFFFFu, '-', "ABCD EFGH IJKL"},
+      // dst on a source: srcB's rows go first, srcA moves after.
+      {500, 1, 'a', "efgh IJKL IJKL"}, {502, 1, 'a', "ABCD ABCD efgh"}, {501, 1, 'a', "BCDD FGHH JKLL"},
+      {503, 1, 'a', "AABC EEFG IIJK"}, {500, 1, 'b', "efgh ijkl IJKL"},
+      // clang-format on
+  };
+  for (const auto& c : cases)
+    EXPECT_EQ(Slide(c.code, c.progress, c.dstIs), c.picture)
+        << c.code << " at " << c.progress << " on " << c.dstIs;
+  // Packed rows whatever the pitch; a format in no group is 4 bytes a pixel.
+  for (uint32_t format : {1u, 10u, 0xFFFFFFFFu}) EXPECT_EQ(Slide(501, 1, '-', format, 999), "bcdD fghH jklL");
+  // Other numbers, the reverse flag and a band off the origin do nothing.
+  for (uint32_t code : {499u, 508u, 515u, 0x80000000u | 500, 0x80000000u | 503})
+    EXPECT_EQ(Slide(code, 1), "---- ---- ----") << code;
+  EXPECT_EQ(Slide(500, 1, '-', 1, 16, 1, 0) + Slide(500, 1, '-', 1, 16, 0, 1),
+            "---- ---- -------- ---- ----");
 }
 
 }  // namespace

@@ -1,136 +1,137 @@
-// The shapes of the wipes on a 10 x 6 picture with a span of 100, at
-// progress 0, 33, 100 and 130, edge rows and columns and wraps included.
-// '#' is a pixel of `incoming`, '.' one of `outgoing`.
+// The shapes of the wipes on tiny pictures. '#' is a pixel of `incoming`,
+// '.' one of `outgoing`, rows are separated by spaces, and "#" or "." alone
+// stands for the whole picture. Every shape is drawn in every format group,
+// with either source coming in, as one band and on the four-band driver.
 #include <gtest/gtest.h>
 
-#include <cstring>
+#include <algorithm>
 #include <string>
-#include <vector>
 
-#include "late_workers.h"
-#include "zrfx.h"
+#include "fx_frames.h"
 
 namespace {
 
-constexpr uint32_t kW = 10, kH = 6;
+// '#' fills the incoming picture and '.' the outgoing one; dst starts as '?'.
+std::string Render(zrfxEffectFn effect, uint32_t w, uint32_t h, uint32_t span, uint32_t progress,
+                   uint32_t format, uint32_t bpp, bool reversed, bool driver) {
+  zr::test::Frames f(w * h * bpp, 0);
+  std::fill(f.a.begin(), f.a.end(), reversed ? '#' : '.'),
+      std::fill(f.b.begin(), f.b.end(), reversed ? '.' : '#');
+  std::fill(f.d.begin(), f.d.end(), '?');
+  zr::test::Run(effect, f.Call(w * bpp, uint32_t{reversed} << 31, format, w, h, span, progress), driver);
+  std::string picture;
+  for (uint32_t i = 0; i < w * h; ++i) {
+    const uint8_t* p = &f.d[i * bpp];
+    const bool whole = std::all_of(p, p + bpp, [p](uint8_t v) { return v == *p; });
+    picture += std::string(i && i % w == 0, ' ') + char(whole ? *p : '?');
+  }
+  return picture;
+}
 
-struct Shape {
+void ExpectShape(zrfxEffectFn effect, uint32_t w, uint32_t h, uint32_t span, uint32_t progress,
+                 std::string want) {
+  if (want.size() == 1) {
+    const std::string row(w, want[0]);
+    for (uint32_t y = 1; y < h; ++y) want += row.substr(1) + ' ' + want[0];
+    want += row.substr(1);
+  }
+  for (const auto& [format, bpp] : zr::test::kGroupFormats)
+    for (bool reversed : {false, true})
+      for (bool driver : {false, true})
+        EXPECT_EQ(Render(effect, w, h, span, progress, format, bpp, reversed, driver), want)
+            << w << "x" << h << " progress " << progress << " of " << span << " format " << format
+            << (reversed ? " reversed" : "") << (driver ? " on the driver" : " as one band");
+}
+
+// 10 x 6 with a span of 100, at progress 0, 33, 100 and 130: the edge rows and
+// columns that each comparison's strictness decides, and the wraps past the
+// end, where the bottom right and the rectangle fall back to `outgoing`.
+struct Steps {
   zrfxEffectFn effect;
-  const char* name;
-  uint32_t progress;
-  const char* rows[kH];
+  const char* at[4];
 };
 
 // clang-format off
-#define ALL {"##########", "##########", "##########", "##########", "##########", "##########"}
-#define NONE {"..........", "..........", "..........", "..........", "..........", ".........."}
+const Steps kTenBySix[] = {
+  {zrfxSMPTE_Horizontal, {".", "###....... ###....... ###....... ###....... ###....... ###.......", "#", "#"}},
+  {zrfxSMPTE_Vertical, {".", "########## .......... .......... .......... .......... ..........", "#", "#"}},
+  {zrfxSMPTE_BarnDoorVertical, {"#......... #......... #......... #......... #......... #.........",
+                                "##.......# ##.......# ##.......# ##.......# ##.......# ##.......#", "#", "#"}},
+  {zrfxSMPTE_BarnDoorHorizontal, {"########## .......... .......... .......... .......... ..........",
+                                  "########## .......... .......... .......... .......... ..........", "#", "#"}},
+  {zrfxSMPTE_TopLeft, {".", "###....... .......... .......... .......... .......... ..........", "#", "#"}},
+  {zrfxSMPTE_TopRight, {".", ".......### .......... .......... .......... .......... ..........", "#", "#"}},
+  {zrfxSMPTE_BottomRight, {".", ".", ".......... .######### .######### .######### .######### .#########", "."}},
+  {zrfxSMPTE_BottomLeft, {".", ".", ".......... ########## ########## ########## ########## ##########", "#"}},
+  {zrfxSMPTE_FourCorners, {"#......... .......... .......... .......... .......... ..........",
+                           "##.......# .......... .......... .......... .......... ..........", "#", "#"}},
+  {zrfxSMPTE_FourSquare, {"########## #......... #......... #......... #......... #.........",
+                          "########## ##.......# ##.......# ##.......# ##.......# ##.......#", "#", "#"}},
+  {zrfxSMPTE_TopCenter, {"#......... #......... #......... #......... #......... #.........",
+                         "##.......# ##.......# ##.......# ##.......# ##.......# ##########", "#", "#"}},
+  {zrfxSMPTE_RightCenter, {"########## #......... #......... #......... #......... #.........",
+                           "########## ####...... ####...... ####...... ####...... ####......", "#", "#"}},
+  {zrfxSMPTE_BottomCenter, {"########## #......... #......... #......... #......... #.........",
+                            "########## ########## ##.......# ##.......# ##.......# ##.......#", "#", "#"}},
+  {zrfxSMPTE_LeftCenter, {"########## .......... .......... .......... .......... ..........",
+                          "########## .......### .......### .......### .......### .......###", "#", "#"}},
+  {zrfxSMPTE_Rectangle, {".", ".", ".......... ########## ########## ########## ########## ##########", "."}},
+};
 
-const Shape kShapes[] = {
-    {zrfxSMPTE_Horizontal, "Horizontal", 0, NONE},
-    {zrfxSMPTE_Horizontal, "Horizontal", 33, {"###.......", "###.......", "###.......", "###.......", "###.......", "###......."}},
-    {zrfxSMPTE_Horizontal, "Horizontal", 100, ALL},
-    {zrfxSMPTE_Horizontal, "Horizontal", 130, ALL},
-    {zrfxSMPTE_Vertical, "Vertical", 0, NONE},
-    {zrfxSMPTE_Vertical, "Vertical", 33, {"##########", "..........", "..........", "..........", "..........", ".........."}},
-    {zrfxSMPTE_Vertical, "Vertical", 100, ALL},
-    {zrfxSMPTE_Vertical, "Vertical", 130, ALL},
-    {zrfxSMPTE_BarnDoorVertical, "BarnDoorVertical", 0, {"#.........", "#.........", "#.........", "#.........", "#.........", "#........."}},
-    {zrfxSMPTE_BarnDoorVertical, "BarnDoorVertical", 33, {"##.......#", "##.......#", "##.......#", "##.......#", "##.......#", "##.......#"}},
-    {zrfxSMPTE_BarnDoorVertical, "BarnDoorVertical", 100, ALL},
-    {zrfxSMPTE_BarnDoorVertical, "BarnDoorVertical", 130, ALL},
-    {zrfxSMPTE_BarnDoorHorizontal, "BarnDoorHorizontal", 0, {"##########", "..........", "..........", "..........", "..........", ".........."}},
-    {zrfxSMPTE_BarnDoorHorizontal, "BarnDoorHorizontal", 33, {"##########", "..........", "..........", "..........", "..........", ".........."}},
-    {zrfxSMPTE_BarnDoorHorizontal, "BarnDoorHorizontal", 100, ALL},
-    {zrfxSMPTE_BarnDoorHorizontal, "BarnDoorHorizontal", 130, ALL},
-    {zrfxSMPTE_TopLeft, "TopLeft", 0, NONE},
-    {zrfxSMPTE_TopLeft, "TopLeft", 33, {"###.......", "..........", "..........", "..........", "..........", ".........."}},
-    {zrfxSMPTE_TopLeft, "TopLeft", 100, ALL},
-    {zrfxSMPTE_TopLeft, "TopLeft", 130, ALL},
-    {zrfxSMPTE_TopRight, "TopRight", 0, NONE},
-    {zrfxSMPTE_TopRight, "TopRight", 33, {".......###", "..........", "..........", "..........", "..........", ".........."}},
-    {zrfxSMPTE_TopRight, "TopRight", 100, ALL},
-    {zrfxSMPTE_TopRight, "TopRight", 130, ALL},
-    {zrfxSMPTE_BottomRight, "BottomRight", 0, NONE},
-    {zrfxSMPTE_BottomRight, "BottomRight", 33, NONE},
-    {zrfxSMPTE_BottomRight, "BottomRight", 100, {"..........", ".#########", ".#########", ".#########", ".#########", ".#########"}},
-    {zrfxSMPTE_BottomRight, "BottomRight", 130, NONE},
-    {zrfxSMPTE_BottomLeft, "BottomLeft", 0, NONE},
-    {zrfxSMPTE_BottomLeft, "BottomLeft", 33, NONE},
-    {zrfxSMPTE_BottomLeft, "BottomLeft", 100, {"..........", "##########", "##########", "##########", "##########", "##########"}},
-    {zrfxSMPTE_BottomLeft, "BottomLeft", 130, ALL},
-    {zrfxSMPTE_FourCorners, "FourCorners", 0, {"#.........", "..........", "..........", "..........", "..........", ".........."}},
-    {zrfxSMPTE_FourCorners, "FourCorners", 33, {"##.......#", "..........", "..........", "..........", "..........", ".........."}},
-    {zrfxSMPTE_FourCorners, "FourCorners", 100, ALL},
-    {zrfxSMPTE_FourCorners, "FourCorners", 130, ALL},
-    {zrfxSMPTE_FourSquare, "FourSquare", 0, {"##########", "#.........", "#.........", "#.........", "#.........", "#........."}},
-    {zrfxSMPTE_FourSquare, "FourSquare", 33, {"##########", "##.......#", "##.......#", "##.......#", "##.......#", "##.......#"}},
-    {zrfxSMPTE_FourSquare, "FourSquare", 100, ALL},
-    {zrfxSMPTE_FourSquare, "FourSquare", 130, ALL},
-    {zrfxSMPTE_TopCenter, "TopCenter", 0, {"#.........", "#.........", "#.........", "#.........", "#.........", "#........."}},
-    {zrfxSMPTE_TopCenter, "TopCenter", 33, {"##.......#", "##.......#", "##.......#", "##.......#", "##.......#", "##########"}},
-    {zrfxSMPTE_TopCenter, "TopCenter", 100, ALL},
-    {zrfxSMPTE_TopCenter, "TopCenter", 130, ALL},
-    {zrfxSMPTE_RightCenter, "RightCenter", 0, {"##########", "#.........", "#.........", "#.........", "#.........", "#........."}},
-    {zrfxSMPTE_RightCenter, "RightCenter", 33, {"##########", "####......", "####......", "####......", "####......", "####......"}},
-    {zrfxSMPTE_RightCenter, "RightCenter", 100, ALL},
-    {zrfxSMPTE_RightCenter, "RightCenter", 130, ALL},
-    {zrfxSMPTE_BottomCenter, "BottomCenter", 0, {"##########", "#.........", "#.........", "#.........", "#.........", "#........."}},
-    {zrfxSMPTE_BottomCenter, "BottomCenter", 33, {"##########", "##########", "##.......#", "##.......#", "##.......#", "##.......#"}},
-    {zrfxSMPTE_BottomCenter, "BottomCenter", 100, ALL},
-    {zrfxSMPTE_BottomCenter, "BottomCenter", 130, ALL},
-    {zrfxSMPTE_LeftCenter, "LeftCenter", 0, {"##########", "..........", "..........", "..........", "..........", ".........."}},
-    {zrfxSMPTE_LeftCenter, "LeftCenter", 33, {"##########", ".......###", ".......###", ".......###", ".......###", ".......###"}},
-    {zrfxSMPTE_LeftCenter, "LeftCenter", 100, ALL},
-    {zrfxSMPTE_LeftCenter, "LeftCenter", 130, ALL},
-    {zrfxSMPTE_Rectangle, "Rectangle", 0, NONE},
-    {zrfxSMPTE_Rectangle, "Rectangle", 33, NONE},
-    {zrfxSMPTE_Rectangle, "Rectangle", 100, {"..........", "##########", "##########", "##########", "##########", "##########"}},
-    {zrfxSMPTE_Rectangle, "Rectangle", 130, NONE},
+// Odd and one-pixel sizes, and a product that wraps at 2^32.
+const struct {
+  zrfxEffectFn effect;
+  uint32_t width, height, span, progress;
+  const char* picture;
+} kOddSizes[] = {
+  {zrfxSMPTE_BarnDoorVertical, 5, 3, 4, 3, "##..# ##..# ##..#"},
+  {zrfxSMPTE_BarnDoorHorizontal, 2, 7, 6, 2, "## ## .. .. .. .. ##"},
+  {zrfxSMPTE_FourCorners, 7, 5, 10, 5, "##....# ##....# ....... ....... ##....#"},
+  {zrfxSMPTE_FourSquare, 7, 5, 10, 5, "####### ####### ##....# ##....# #######"},
+  {zrfxSMPTE_TopCenter, 7, 5, 10, 3, "#...... #...... #...... #...... #######"},
+  {zrfxSMPTE_LeftCenter, 7, 5, 10, 3, "####### .....## .....## .....## .....##"},
+  {zrfxSMPTE_Rectangle, 7, 5, 10, 5, "....... ....... ..####. ..####. ......."},
+  {zrfxSMPTE_Rectangle, 2, 7, 10, 4, ".. .. .. .# .# .. .."},
+  {zrfxSMPTE_BottomLeft, 1, 3, 3, 3, ". # #"},
+  {zrfxSMPTE_TopRight, 3, 2, 2, 1, "..# ..."},
+  // 7 x 2^30 wraps to 3 x 2^30: one column instead of three and a half.
+  {zrfxSMPTE_Horizontal, 7, 2, 0x80000000u, 0x40000000u, "#...... #......"},
 };
 // clang-format on
 
-constexpr uint32_t kFormats[] = {1, 5, 31, 32, 29, 30};
-constexpr uint32_t kBytes[] = {4, 3, 6, 8, 16, 12};
-
-// Runs the effect over the whole picture, as one band or on the driver, and
-// reads back which picture each pixel came from.
-std::vector<std::string> Render(const Shape& s, uint32_t format, uint32_t bpp, bool reversed, bool driver) {
-  const uint32_t pitch = kW * bpp;
-  std::vector<uint8_t> a(pitch * kH, 0xA1), b(pitch * kH, 0xB2), d(pitch * kH, 0x5C);
-  const uint32_t code = reversed ? 0x80000000u : 0;
-  if (driver) {
-    ZrDraw_FXMultiThread(a.data(), pitch, b.data(), pitch, d.data(), pitch, code, format, kW, kH, 0, 0, 0, 0,
-                         0, 0, 100, s.progress, 0, 0, 0, 0, s.effect);
-    zr::test::WaitForLateWorkers();
-  } else {
-    s.effect(a.data(), pitch, b.data(), pitch, d.data(), pitch, code, format, kW, kH, 0, 0, 0, 0, 0, 0, 100,
-             s.progress, 0, kW, 0, kH);
-  }
-  const uint8_t incoming = reversed ? 0xA1 : 0xB2, outgoing = reversed ? 0xB2 : 0xA1;
-  std::vector<std::string> rows(kH, std::string(kW, '?'));
-  for (uint32_t y = 0; y < kH; ++y)
-    for (uint32_t x = 0; x < kW; ++x) {
-      const uint8_t* p = &d[y * pitch + x * bpp];
-      bool allIn = true, allOut = true;
-      for (uint32_t i = 0; i < bpp; ++i) {
-        allIn &= p[i] == incoming;
-        allOut &= p[i] == outgoing;
-      }
-      rows[y][x] = allIn ? '#' : allOut ? '.' : '?';
-    }
-  return rows;
+TEST(WipeShapes, TenBySixAndOddSizes) {
+  constexpr uint32_t kProgress[] = {0, 33, 100, 130};
+  for (const Steps& s : kTenBySix)
+    for (int i = 0; i < 4; ++i) ExpectShape(s.effect, 10, 6, 100, kProgress[i], s.at[i]);
+  for (const auto& s : kOddSizes) ExpectShape(s.effect, s.width, s.height, s.span, s.progress, s.picture);
 }
 
-TEST(WipeShapes, EveryMemberAtTheEdgesOfTheScaleInEveryFormatGroup) {
-  for (const Shape& s : kShapes) {
-    const std::vector<std::string> want(std::begin(s.rows), std::end(s.rows));
-    for (size_t f = 0; f < std::size(kFormats); ++f)
-      for (bool reversed : {false, true})
-        for (bool driver : {false, true})
-          EXPECT_EQ(Render(s, kFormats[f], kBytes[f], reversed, driver), want)
-              << s.name << " progress " << s.progress << " format " << kFormats[f]
-              << (reversed ? " reversed" : "") << (driver ? " on the driver" : " as one band");
-  }
+// A band may reach into the padding. There the top right's difference
+// width - x wraps, so with scaledW at 2^32 - 4 the columns from 8 on come in
+// again: width 4, band of 10 columns.
+TEST(WipeShapes, TopRightColumnsPastTheWidthWrap) {
+  zr::test::Frames f(40, 0);
+  std::fill(f.a.begin(), f.a.end(), '.'), std::fill(f.b.begin(), f.b.end(), '#');
+  auto call = f.Call(40, 0, 1, 4, 1, 1, 0x3FFFFFFF);
+  call.bandRight = 10;
+  zr::test::Run(zrfxSMPTE_TopRight, call);
+  std::string picture;
+  for (size_t i = 0; i < 40; i += 4) picture += char(f.d[i]);
+  EXPECT_EQ(picture, "#####...##");
+}
+
+// A band writes its own pixels as the whole picture would and nothing else.
+// The edge from the top does whole rows (see vertical_slide_test.cc).
+TEST(WipeShapes, EveryBandWritesExactlyItsPixels) {
+  zr::test::Rng r(0xBA2D);
+  for (const Steps& s : kTenBySix)
+    for (int i = 0; s.effect != zrfxSMPTE_Vertical && i < 60; ++i) {
+      const auto [format, bpp] = zr::test::kGroupFormats[i % 6];
+      const uint32_t w = 1 + r.Below(12), h = 1 + r.Below(6), pitch = w * bpp + 3;
+      zr::test::Frames f(pitch * h, i);
+      const auto call = f.Call(pitch, r.Below(2) << 31, format, w, h, 20, r.Below(27));
+      zr::test::ExpectBandWritesItsPixels(s.effect, f, call, bpp, r);
+    }
 }
 
 }  // namespace

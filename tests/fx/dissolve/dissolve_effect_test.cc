@@ -1,150 +1,110 @@
-// zrfxDISSOLVE and zrfxDISSOLVE2 called directly with explicit bands: the
-// band, the pitches, the source roles, the formats each takes, output that
-// shares memory with a source, and the golden checksums.
+// zrfxDISSOLVE and zrfxDISSOLVE2 on whole pictures: golden checksums as one
+// band and on the driver, the formats each takes, the band, and output that
+// shares memory with a source.
 #include <gtest/gtest.h>
 
 #include <cstring>
-#include <string>
-#include <vector>
 
-#include "common/test_random.h"
-#include "dissolve_golden.h"
-#include "dissolve_test_support.h"
-#include "fx/dissolve/dissolve_convert.h"
-#include "fx/dissolve/dissolve_row.h"
+#include "common/crc32.h"
 #include "fx/fx_format.h"
-#include "zrfx.h"
+#include "fx/fx_frames.h"
 
-namespace zr::fx {
 namespace {
 
-using test::EffectArgs;
-using test::RunEffect;
-using test::TestPicture;
+using zr::fx::FxCall;
 
-DissolveRowFn PlainRowFor(const FxFormatInfo& info) {
-  return info.BytesPerSample() == 1   ? DissolveRow8_C
-         : info.BytesPerSample() == 2 ? DissolveRow16_C
-                                    : DissolveRowF32_C;
-}
+struct Golden {
+  uint32_t format, wipeCode, progressStart, progressEnd, progress, crc;
+};
 
-// The band of `dst` pixel by pixel: bit 31 of the wipe code makes srcA the
-// incoming picture, each source keeps its pitch, dst rows are pitchB apart
-// and dstPitch is not read. Every other byte stays.
-std::vector<uint8_t> ExpectedOutput(const EffectArgs& a, std::vector<uint8_t> dst) {
-  const FxFormatInfo info = FxFormatOf(a.format);
-  const bool reversed = a.wipeCode >> 31;
-  const uint8_t *in = reversed ? a.srcA : a.srcB, *out = reversed ? a.srcB : a.srcA;
-  const uint32_t inPitch = reversed ? a.pitchA : a.pitchB, outPitch = reversed ? a.pitchB : a.pitchA;
-  const double t = zrfxDissolveRatio(a.progress, a.progressEnd - a.progressStart);
-  const size_t bpp = info.bytesPerPixel;
-  for (uint32_t y = a.bandTop; y < a.bandBottom; ++y)
-    for (uint32_t x = a.bandLeft; x < a.bandRight; ++x)
-      PlainRowFor(info)(in + y * inPitch + x * bpp, out + y * outPitch + x * bpp,
-                        dst.data() + y * a.pitchB + x * bpp, info.samplesPerPixel, t, 1.0 - t);
-  return dst;
-}
+constexpr Golden kGoldens[] = {
+    {1, 0, 0, 65536, 23456, 0x84ae7056},
+    {1, 0x80000000u, 0, 65536, 23456, 0x2428593e},
+    {1, 0, 0, 100, 37, 0xda764252},
+    {1, 0, 10, 110, 37, 0xda764252},  // the start counts through the span only
+    {5, 0, 0, 65536, 23456, 0xad7f61c5},
+    {33, 0, 0, 1001, 999, 0x6649a1a6},
+    {31, 0, 0, 65536, 23456, 0x3cc2bcdc},
+    {32, 0, 0, 65536, 23456, 0xb113a091},
+    {32, 0x80000000u, 0, 1001, 3, 0xa06af1c6},
+    {29, 0, 0, 65536, 23456, 0xac10a7ec},
+    {30, 0, 0, 100, 37, 0x658be6e2},
+};
 
-TEST(DissolveEffects, MixExactlyTheBandInEveryFormatGroup) {
-  constexpr uint32_t kFormats[] = {1, 2, 3, 4, 34, 5, 6, 33, 31, 35, 32, 36, 29, 30};
-  test::Rng rng(2024);
-  for (int round = 0; round < 400; ++round) {
-    const uint32_t format = kFormats[round % std::size(kFormats)];
-    const uint32_t bpp = FxFormatOf(format).bytesPerPixel;
-    const uint32_t width = 1 + rng.Below(40), height = 1 + rng.Below(6);
-    const uint64_t seed = rng.Next();
-    TestPicture a(width * bpp + rng.Below(20), height, seed, rng.Below(2));
-    TestPicture b(width * bpp + rng.Below(20), height, seed + 1, rng.Below(2));
-    TestPicture dst(b.pitch(), height, seed + 2, rng.Below(2));
-    EffectArgs args{a.data(), a.pitch(), b.data(), b.pitch(), dst.data(), 7, 0, format, width,
-                    height,   {},        0,        0,         0,          0, 0, 0,      0};
-    args.wipeCode = (rng.Next32() & 0x80000000u) | rng.Below(1000);
-    args.progressStart = rng.Below(3);
-    args.progressEnd = args.progressStart + 1 + rng.Below(70000);
-    args.progress = rng.Below(args.progressEnd - args.progressStart + 1);
-    args.bandLeft = rng.Below(width + 1);
-    args.bandRight = args.bandLeft + rng.Below(width - args.bandLeft + 1);
-    args.bandTop = rng.Below(height + 1);
-    args.bandBottom = args.bandTop + rng.Below(height - args.bandTop + 1);
-
-    const auto srcA = a.Bytes(), srcB = b.Bytes(), before = dst.Bytes();
-    const auto want = ExpectedOutput(args, before);
-    for (zrfxEffectFn effect : {zrfxDISSOLVE, zrfxDISSOLVE2}) {
-      std::memcpy(dst.data(), before.data(), before.size());
-      EXPECT_EQ(RunEffect(effect, args), 0u);
-      const std::string context = "seed " + std::to_string(seed) + " format " + std::to_string(format);
-      ASSERT_TRUE(test::SameBytes(dst.data(), want.data(), want.size(), dst.pitch(), context));
-      ASSERT_TRUE(dst.GuardsIntact() && a.Bytes() == srcA && b.Bytes() == srcB) << context;
+// 37 x 11 pixels (odd, so the four bands differ) in padded rows, each
+// picture seeded on its own, the CRC taken over the whole output. Float
+// pictures hold eighths between -250 and 250, where both builds agree, in
+// every sample and the padding. Returns the call as one band.
+FxCall GoldenCall(zr::test::Frames& f, const Golden& g) {
+  constexpr uint32_t kW = 37, kH = 11;
+  const bool floats = zr::fx::FxFormatOf(g.format).BytesPerSample() == 4;
+  const uint32_t pitch = kW * zr::fx::FxFormatOf(g.format).bytesPerPixel + (floats ? 16 : 13);
+  for (auto* v : {&f.a, &f.b, &f.d}) {
+    v->resize(size_t{pitch} * kH);
+    zr::test::Rng rng(1 + (v == &f.b) + 2 * (v == &f.d));
+    if (!floats) rng.Fill(v->data(), v->size());
+    for (size_t j = 0; floats && j < v->size(); j += 4) {
+      const float x = static_cast<float>(static_cast<int32_t>(rng.Below(4001)) - 2000) / 8.0f;
+      std::memcpy(v->data() + j, &x, 4);
     }
   }
+  FxCall c = f.Call(pitch, g.wipeCode, g.format, kW, kH, g.progressEnd, g.progress);
+  c.progressStart = g.progressStart;
+  return c;
 }
 
-TEST(DissolveEffects, FormatsOutsideTheirGroupsAndEmptyBandsWriteNothing) {
-  TestPicture a(52, 3, 1), b(52, 3, 2), dst(52, 3, 3);
-  const auto before = dst.Bytes();
-  for (uint32_t format : {0u, 7u, 10u, 28u, 37u, 99u, 0xFFFFFFFFu})
-    for (zrfxEffectFn effect : {zrfxDISSOLVE, zrfxDISSOLVE2}) {
-      EffectArgs args{a.data(), 52, b.data(), 52,  dst.data(), 52, 0,  format, 12,
-                      3,        {}, 0,        100, 50,         0,  12, 0,      3};
-      EXPECT_EQ(RunEffect(effect, args), 0u);
+TEST(Dissolve, GoldenAsOneBandAndOnTheDriver) {
+  for (const Golden& g : kGoldens)
+    for (zrfxEffectFn effect : {zrfxDISSOLVE, zrfxDISSOLVE2})
+      for (bool driver : {false, true}) {
+        zr::test::Frames f(0, 0);
+        EXPECT_EQ(zr::test::Run(effect, GoldenCall(f, g), driver), 0u);
+        const uint32_t crc = zr::test::Crc32(f.d.data(), f.d.size());
+        EXPECT_EQ(crc, g.crc) << "format " << g.format << " progress " << g.progress
+                              << (driver ? " on the driver" : "") << std::hex << " got " << crc;
+      }
+}
+
+// The two effects give the same bytes for every format, and a format in no
+// group writes nothing; a band writes exactly its own samples.
+TEST(Dissolve, FormatsAndBands) {
+  zr::test::Rng r(2024);
+  for (uint32_t format = 0; format <= 40; ++format)
+    for (uint32_t i = 0; i < 8; ++i) {
+      const bool inGroup = (format >= 1 && format <= 6) || (format >= 29 && format <= 36);
+      const uint32_t w = 1 + r.Below(20), h = 1 + r.Below(5), pitch = w * 16 + 5;
+      zr::test::Frames one(pitch * h, r.Next()), two = one, band = one;
+      const auto before = one.d;
+      zr::test::Run(zrfxDISSOLVE, one.Call(pitch, (i & 1) << 31, format, w, h, 1000, 100 * i));
+      zr::test::Run(zrfxDISSOLVE2, two.Call(pitch, (i & 1) << 31, format, w, h, 1000, 100 * i));
+      ASSERT_EQ(two.d, one.d) << "format " << format;
+      ASSERT_EQ(one.d != before, inGroup) << "format " << format;
+      zr::test::ExpectBandWritesItsPixels(i % 2 ? zrfxDISSOLVE : zrfxDISSOLVE2, band,
+                                          band.Call(pitch, (i & 1) << 31, format, w, h, 1000, 100 * i),
+                                          zr::fx::FxFormatOf(format).bytesPerPixel, r);
     }
-  const uint32_t bands[][4] = {{5, 5, 0, 3}, {6, 5, 0, 3}, {0, 12, 2, 2}, {0, 12, 3, 1}};
-  for (const auto& band : bands) {
-    EffectArgs args{a.data(), 52, b.data(), 52,  dst.data(), 52,      0,       1,       12,
-                    3,        {}, 0,        100, 50,         band[0], band[1], band[2], band[3]};
-    EXPECT_EQ(RunEffect(zrfxDISSOLVE2, args), 0u);
-  }
-  EXPECT_EQ(dst.Bytes(), before);
 }
 
-// Output into a source at the same place and pitch matches a separate output:
-// each result depends only on the samples at its own position.
-TEST(DissolveEffects, OutputIntoASourceMatchesASeparateOutput) {
-  for (uint32_t format : {1u, 5u, 31u, 32u, 29u}) {
-    for (bool intoA : {false, true}) {
-      const uint32_t bpp = FxFormatOf(format).bytesPerPixel, pitch = 40 * bpp + 8;
-      TestPicture a(pitch, 5, 10), b(pitch, 5, 11), dst(pitch, 5, 12);
-      EffectArgs args{a.data(), pitch, b.data(), pitch, dst.data(), pitch, 0,  format, 40,
-                      5,        {},    0,        65536, 12345,      3,     37, 1,      5};
-      RunEffect(zrfxDISSOLVE, args);
-      args.dst = intoA ? a.data() : b.data();
-      RunEffect(zrfxDISSOLVE, args);
-      for (uint32_t y = 1; y < 5; ++y)
-        EXPECT_EQ(std::memcmp(args.dst + y * pitch + 3 * bpp, dst.data() + y * pitch + 3 * bpp, 34 * bpp), 0)
-            << "format " << format << " row " << y;
-    }
-  }
-}
-
-// Output one pixel further on than a source: the plain loop runs in memory
-// order, each sample reading what the ones before it wrote.
-TEST(DissolveEffects, OutputShiftedAgainstASourceRunsInMemoryOrder) {
-  for (uint32_t format : {1u, 32u}) {
-    const FxFormatInfo info = FxFormatOf(format);
-    const uint32_t bpp = info.bytesPerPixel, pitch = 64 * bpp;
-    TestPicture a(pitch + bpp, 1, 20), b(pitch, 1, 21);
-    std::vector<uint8_t> model = a.Bytes();
-    const double t = zrfxDissolveRatio(777, 1000);
-    for (size_t i = 0; i < pitch; i += info.BytesPerSample())
-      PlainRowFor(info)(b.data() + i, model.data() + i, model.data() + bpp + i, 1, t, 1.0 - t);
-    EffectArgs args{a.data(), pitch, b.data(), pitch, a.data() + bpp, pitch, 0, format,
-                    64,       1,     {},       0,     1000,           777,   0, 64,
-                    0,        1};
-    RunEffect(zrfxDISSOLVE2, args);
-    EXPECT_TRUE(test::SameBytes(a.data(), model.data(), model.size(), model.size(), std::to_string(format)));
-  }
-}
-
-TEST(DissolveEffects, BothEffectsGiveTheGoldenOutputInOneBand) {
-  for (const auto& g : test::kDissolveGoldens) {
-    for (zrfxEffectFn effect : {zrfxDISSOLVE, zrfxDISSOLVE2}) {
-      test::GoldenFrames frames(g.format);
-      EXPECT_EQ(RunEffect(effect, frames.Args(g)), 0u);
-      EXPECT_EQ(frames.DstCrc(), g.crc)
-          << "format " << g.format << " progress " << g.progress << std::hex << " got 0x" << frames.DstCrc();
-    }
-  }
+// Output on a source, at its place or one pixel further on: each result
+// depends only on the samples at its own place, read before it is written,
+// so a row comes out as one-pixel bands in memory order give it.
+TEST(Dissolve, OutputSharingASourceRunsInMemoryOrder) {
+  constexpr uint32_t kW = 40;
+  for (const auto& [format, bpp] : zr::test::kGroupFormats)
+    for (uint32_t shift : {0u, 1u})
+      for (bool intoA : {true, false}) {
+        const uint32_t pitch = (kW + 1) * bpp;
+        zr::test::Frames row(pitch, format), pixels = row;
+        const auto run = [&](zr::test::Frames& f, uint32_t left, uint32_t right) {
+          uint8_t* dst = (intoA ? f.a.data() : f.b.data()) + shift * bpp;
+          zrfxDISSOLVE2(f.a.data(), pitch, f.b.data(), pitch, dst, pitch, 0, format, kW, 1, 0, 0, 0, 0, 0, 0,
+                        1000, 777, left, right, 0, 1);
+        };
+        run(row, 0, kW);
+        for (uint32_t x = 0; x < kW; ++x) run(pixels, x, x + 1);
+        EXPECT_TRUE(row.a == pixels.a && row.b == pixels.b)
+            << "format " << format << " shift " << shift << (intoA ? " into srcA" : " into srcB");
+      }
 }
 
 }  // namespace
-}  // namespace zr::fx
