@@ -1,6 +1,4 @@
-// A small, slow, independent model of ZrDraw_DisplayMuxRGBA and weigh_plane,
-// written byte by byte from the behaviour hosts see, for the tests to hold
-// the library against.
+// The single-byte rule of weigh_plane, for weigh_plane_test.cc alone.
 #ifndef ZR_TESTS_MUX_MUX_MODEL_H
 #define ZR_TESTS_MUX_MUX_MODEL_H
 
@@ -8,42 +6,16 @@
 
 namespace zr::test {
 
-struct MuxArgs {
-  uint32_t sizeA = 0;
-  uint32_t sizeB = 0;
-  uint32_t muxFlags = 0;
-  uint32_t wipeCode = 0;
-  uint32_t mixPosition = 0;
-  uint32_t mixLevel = 0;
-  uint32_t splitX = 0;
-  uint32_t splitY = 0;
-  uint32_t gridMode = 0;
-  uint32_t gridStepX = 0;
-  uint32_t gridStepY = 0;
-  uint32_t width = 0;
-  uint32_t height = 0;
-  uint32_t pitch = 0;
-};
-
-// The library call with these arguments.
-int32_t CallMux(uint8_t* frameA, uint8_t* frameB, uint8_t* frameOut, const MuxArgs& args);
-
-// What the call must do to the three buffers. `sideBySideEngine` selects
-// the SSE build's MUX_SIDE_BY_SIDE (through the resize engine) or the NEON
-// build's loop. MUX_WIPE is modelled by the transition front door itself.
-void ModelMux(uint8_t* frameA, uint8_t* frameB, uint8_t* frameOut, const MuxArgs& args,
-              bool sideBySideEngine);
-
-// The build this test runs in.
-constexpr bool kSideBySideEngine =
-#if defined(__x86_64__)
-    true;
-#else
-    false;
-#endif
-
-void ModelWeighPlane(uint8_t* dst, const uint8_t* src, int32_t dstPitch, int32_t srcPitch, int32_t width,
-                     int32_t height, int32_t weightSrc, int32_t weightDst);
+inline void ModelWeighPlane(uint8_t* dst, const uint8_t* src, int32_t dstPitch, int32_t srcPitch,
+                            int32_t width, int32_t height, int32_t weightSrc, int32_t weightDst) {
+  for (int64_t y = 0; y < height; ++y)
+    for (int64_t x = 0; x < width; ++x) {
+      uint8_t& d = dst[y * dstPitch + x];
+      const int64_t sum = int64_t{d} * weightDst + int64_t{src[y * srcPitch + x]} * weightSrc + 32768;
+      // Two's complement wrap to 32 bits, then bits 16 to 23.
+      d = static_cast<uint8_t>((static_cast<uint64_t>(sum) & 0xFFFFFFFF) >> 16);
+    }
+}
 
 }  // namespace zr::test
 
