@@ -1,102 +1,106 @@
-// The factory and the reference count.
+// The factory, the reference count and the plain-function interface.
 #include <gtest/gtest.h>
 
 #include <cstdint>
+#include <cstring>
 #include <vector>
 
-#include "zrdraw.h"
+#include "canvas/test_canvas.h"
+#include "platform/zrutil.h"
 
 namespace {
+
+using zr::test::State;
 
 TEST(Factory, BuildsTheClassOfEachRgbType) {
   std::vector<char> mem(64 * 4);
   for (unsigned int type = 1; type <= 6; ++type) {
     ZrDraw* c = nullptr;
-    ASSERT_EQ(0, GetDraw(type, 8, 4, 0, mem.data(), c)) << type;
-    ASSERT_NE(nullptr, c);
-    EXPECT_EQ(type <= 4, dynamic_cast<CDrawRGBA32*>(c) != nullptr);
-    EXPECT_EQ(type >= 5, dynamic_cast<CDrawRGB24*>(c) != nullptr);
-    EXPECT_EQ(static_cast<int>(type), c->mPixelType);
-    EXPECT_EQ(ZrPixel::cmYCbCr601Studio, c->mYCbCrMode);
-    EXPECT_EQ(1, c->mRefCount);
-    EXPECT_TRUE(c->mbUseBuiltInFont);
-    EXPECT_EQ(mem.data(), c->mpCanvas);
-    EXPECT_EQ(8u, c->mWidth);
-    EXPECT_EQ(4u, c->mHeight);
-    EXPECT_EQ(type <= 4 ? 32u : 24u, c->mPitch);
-    EXPECT_NE(nullptr, c->mChangeEvent);
+    ASSERT_EQ(0, GetDraw(type, 8, -4, 0, mem.data(), c)) << type;  // height goes first
+    EXPECT_EQ("type " + std::to_string(type) + " 8x4 pitch " + (type <= 4 ? "32" : "24") + " up font refs 1",
+              State(c));
+    EXPECT_TRUE(type <= 4 ? dynamic_cast<CDrawRGBA32*>(c) != nullptr
+                          : dynamic_cast<CDrawRGB24*>(c) != nullptr);
+    EXPECT_TRUE(c->mYCbCrMode == ZrPixel::cmYCbCr601Studio && mem.data() == c->mpCanvas && c->mChangeEvent);
     EXPECT_EQ(0, ReleaseDraw(c));
-    EXPECT_EQ(nullptr, c);
+    EXPECT_FALSE(c);
   }
-}
-
-TEST(Factory, TypeMinusOneFailsWithoutTouchingTheHandle) {
-  ZrDraw* sentinel = reinterpret_cast<ZrDraw*>(uintptr_t{0x1234});
-  ZrDraw* c = sentinel;
+  ZrDraw* c = reinterpret_cast<ZrDraw*>(uintptr_t{0x1234});
   EXPECT_EQ(-1, GetDraw(0xFFFFFFFF, 8, 8, 0, nullptr, c));
-  EXPECT_EQ(sentinel, c);
+  EXPECT_EQ(0x1234u, reinterpret_cast<uintptr_t>(c));
 }
 
 TEST(Factory, TypesWithoutAClassRepointALiveCanvas) {
   std::vector<char> a(4096), b(4096);
-  for (unsigned int type :
-       {0u, 7u, 8u, 9u, 15u, 16u, 17u, 18u, 19u, 29u, 30u, 33u, 34u, 35u, 36u, 99u, 0x7FFFFFFFu}) {
-    ZrDraw* none = nullptr;
-    EXPECT_EQ(-2, GetDraw(type, 8, 8, 0, a.data(), none)) << type;
-    EXPECT_EQ(nullptr, none);
-
+  for (unsigned int type : {0u, 7u, 9u, 15u, 16u, 19u, 29u, 30u, 33u, 36u, 99u, 0x7FFFFFFFu}) {
     ZrDraw* c = nullptr;
+    EXPECT_EQ(-2, GetDraw(type, 8, 8, 0, a.data(), c)) << type;
+    EXPECT_EQ(nullptr, c);
+    EXPECT_EQ(nullptr, qtGetDraw(type, 640, 480, 0, a.data()));
     ASSERT_EQ(0, GetDraw(pixelBGR24, 4, 4, 0, a.data(), c));
     c->mbUseBuiltInFont = false;
     ZrDraw* before = c;
     EXPECT_EQ(0, GetDraw(type, 16, 9, 0, b.data(), c)) << type;
-    EXPECT_EQ(before, c);
-    EXPECT_EQ(pixelBGR24, c->mPixelType);  // the old type stays
-    EXPECT_EQ(b.data(), c->mpCanvas);
-    EXPECT_EQ(16u, c->mWidth);
-    EXPECT_EQ(9u, c->mHeight);
-    EXPECT_EQ(48u, c->mPitch);
-    EXPECT_TRUE(c->mbUseBuiltInFont);
+    EXPECT_TRUE(before == c && c->mpCanvas == b.data());
+    EXPECT_EQ("type 6 16x9 pitch 48 font refs 1", State(c));  // the old type stays
     ReleaseDraw(c);
   }
 }
 
-TEST(Factory, HeightGoesBeforeWidthIntoSetCanvas) {
-  ZrDraw* c = nullptr;
-  ASSERT_EQ(0, GetDraw(pixelRGBA32, 640, -480, -3000, nullptr, c));
-  EXPECT_EQ(640u, c->mWidth);
-  EXPECT_EQ(480u, c->mHeight);
-  EXPECT_TRUE(c->mbBottomUp);
-  EXPECT_EQ(3000u, c->mPitch);
-  ReleaseDraw(c);
-}
-
-TEST(Factory, ReferenceCount) {
-  ZrDraw* c = nullptr;
-  ASSERT_EQ(0, GetDraw(pixelRGBA32, 4, 4, 0, nullptr, c));
+TEST(Factory, ReferenceCountAndFonts) {
+  ZrDraw* c = qtGetDraw(pixelRGBA32, 4, 4, 0, nullptr);
   EXPECT_EQ(0, AddRefDraw(c));
-  EXPECT_EQ(2, c->mRefCount);
+  EXPECT_EQ(0, qtAddRefDraw(c));
+  EXPECT_EQ(0, qtReleaseDraw(c));
   ZrDraw* keep = c;
-  EXPECT_EQ(0, ReleaseDraw(c));
-  EXPECT_EQ(keep, c);
-  EXPECT_EQ(1, c->mRefCount);
-  // A count already at or below 0 also ends the object.
-  c->mRefCount = -5;
+  EXPECT_EQ(0, ReleaseDraw(c));  // a count of 2: the caller's pointer stays
+  EXPECT_TRUE(keep == c && c->mRefCount == 1);
+  c->mbUseBuiltInFont = false;
+  EXPECT_EQ(0, UseDefaultFont(c, false));
+  EXPECT_EQ("type 1 4x4 pitch 16 font refs 1", State(c));
+  c->mbUseBuiltInFont = false;
+  char name[] = "deffont_sd.bmp";
+  EXPECT_EQ(0, qtUseDefaultFont(c, false) + SetFont(c, name) + qtSetFont(c, nullptr) + c->HaveFont());
+  EXPECT_TRUE(c->mbUseBuiltInFont);
+  c->mRefCount = -5;  // a count at or below 0 also ends the object
   EXPECT_EQ(0, ReleaseDraw(c));
   EXPECT_EQ(nullptr, c);
 }
 
-TEST(Factory, FontFunctionsIgnoreTheirArguments) {
-  ZrDraw* c = nullptr;
-  ASSERT_EQ(0, GetDraw(pixelRGBA32, 4, 4, 0, nullptr, c));
+TEST(QtInterface, NullCanvasAndEmptySizeFunctions) {
+  EXPECT_EQ(-6, qtZrPixelLock(nullptr, 5) + qtZrPixelTryLock(nullptr) + qtZrPixelUnlock(nullptr) +
+                    qtZrPixelLastChange(nullptr, 5) + qtZrPixelSetCanvas(nullptr, nullptr, 1, 1, 0) +
+                    static_cast<int>(qtZrPixelWaitForChangeEvent(nullptr, 0)));
+  qtZrPixelSetChangeEvent(nullptr);
+  tagBITMAPINFO b;
+  std::memset(&b, 0x5A, sizeof b);
+  const tagBITMAPINFO copy = b;
+  unsigned int type = 77;
+  EXPECT_EQ(0u, qtGetDrawSizeBMI(&b, &type) + qtGetDrawSizeBMI(nullptr, nullptr) + qtGetDrawSize(1, 9, 9, 0));
+  EXPECT_EQ(77u, type);
+  EXPECT_EQ(0, std::memcmp(&b, &copy, sizeof b));
+}
+
+TEST(QtInterface, StateThroughTheHandle) {
+  ZrDraw* c = qtGetDraw(pixelRGB24, 8, 8, 0, nullptr);
+  EXPECT_EQ((std::vector<int>{0, 77, 77, -2}),
+            (std::vector<int>{qtZrPixelLastChange(c, -1), qtZrPixelLastChange(c, 77),
+                              qtZrPixelLastChange(c, -1), qtZrPixelLastChange(c, -2)}));
+  std::vector<char> mem(100);
   c->mbUseBuiltInFont = false;
-  EXPECT_EQ(0, UseDefaultFont(c, false));
-  EXPECT_TRUE(c->mbUseBuiltInFont);
-  char name[] = "deffont_sd.bmp";
-  EXPECT_EQ(0, SetFont(c, name));
-  EXPECT_EQ(0, SetFont(c, nullptr));
-  EXPECT_EQ(0, c->HaveFont());
-  ReleaseDraw(c);
+  EXPECT_EQ(0, qtZrPixelSetCanvas(c, mem.data(), 3, 5, 1));
+  EXPECT_EQ("type 5 5x3 pitch 15 refs 1", State(c));
+  qtZrPixelSetChangeEvent(c);
+  EXPECT_EQ(kZrWaitSignaled, qtZrPixelWaitForChangeEvent(c, 0));
+  EXPECT_EQ(kZrWaitTimeout, qtZrPixelWaitForChangeEvent(c, 1));
+  EXPECT_EQ((std::vector<int>{0, 128, 1}),
+            (std::vector<int>{qtZrPixelLock(c, 0), qtZrPixelLock(c, 10), qtZrPixelTryLock(c)}));  // recursive
+  EXPECT_EQ(0, qtZrPixelUnlock(c) + qtZrPixelUnlock(c) + qtZrPixelUnlock(c));
+  zrOSCloseEvent(c->mChangeEvent);  // a null change event is tolerated
+  c->mChangeEvent = nullptr;
+  EXPECT_EQ(0, c->SetChangeEvent());
+  EXPECT_EQ(kZrWaitFailed, c->WaitForChangeEvent(0));
+  qtReleaseDraw(c);
 }
 
 }  // namespace

@@ -4,35 +4,35 @@
 
 #include <gtest/gtest.h>
 
-#include <cstddef>
 #include <cstdint>
 #include <cstring>
+#include <string>
 
 #include "common/guarded_buffer.h"
 #include "zrdraw.h"
 
 namespace zr::test {
 
-// A canvas built by GetDraw over `rows` x `pitch` bytes of guarded memory,
+// The geometry and bookkeeping of a canvas, in one line.
+inline std::string State(ZrDraw* c) {
+  return "type " + std::to_string(c->mPixelType) + " " + std::to_string(c->mWidth) + "x" +
+         std::to_string(c->mHeight) + " pitch " + std::to_string(c->mPitch) + (c->mbBottomUp ? " up" : "") +
+         (c->mbUseBuiltInFont ? " font" : "") + " refs " + std::to_string(c->mRefCount);
+}
+
+// A canvas built by GetDraw over `bytes` of guarded memory filled with 0x11,
 // with `lead` spare bytes before row 0 for writes that land before it.
 class TestCanvas {
  public:
-  TestCanvas(unsigned int type, int width, int height, int pitch, size_t bytes, size_t lead = 0,
-             size_t misalign = 0)
-      : memory_(bytes + lead, misalign), lead_(lead) {
+  TestCanvas(unsigned int type, int width, int height, int pitch, size_t bytes, size_t lead = 0)
+      : memory_(bytes + lead), lead_(lead) {
     std::memset(memory_.data(), 0x11, memory_.size());
     EXPECT_EQ(0, GetDraw(type, width, height, pitch, reinterpret_cast<char*>(rows()), canvas_));
   }
   ~TestCanvas() {
     EXPECT_TRUE(memory_.GuardsIntact()) << "write outside the canvas memory";
-    if (canvas_) {
-      canvas_->mRefCount = 1;
-      ReleaseDraw(canvas_);
-    }
+    if (canvas_) canvas_->mRefCount = 1, ReleaseDraw(canvas_);
   }
-  TestCanvas(const TestCanvas&) = delete;
-  TestCanvas& operator=(const TestCanvas&) = delete;
-
   ZrDraw* operator->() { return canvas_; }
   ZrDraw* get() { return canvas_; }
   uint8_t* rows() { return memory_.data() + lead_; }

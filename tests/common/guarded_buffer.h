@@ -3,8 +3,7 @@
 #ifndef ZR_TESTS_GUARDED_BUFFER_H
 #define ZR_TESTS_GUARDED_BUFFER_H
 
-#include <gtest/gtest.h>
-
+#include <algorithm>
 #include <cstddef>
 #include <cstdint>
 #include <cstring>
@@ -17,13 +16,11 @@ class GuardedBuffer {
   static constexpr size_t kGuard = 64;
   static constexpr uint8_t kGuardByte = 0xA5;
 
-  // `misalign` shifts the usable bytes off 16-byte alignment.
+  // `misalign` shifts the usable bytes off 16-byte alignment; the base is
+  // kept 16-byte aligned so that it means what it says.
   explicit GuardedBuffer(size_t size, size_t misalign = 0)
-      : size_(size), offset_(kGuard + misalign), storage_(size + 2 * kGuard + misalign + 16) {
-    // Keep the base 16-byte aligned so that `misalign` means what it says.
-    const auto base = reinterpret_cast<uintptr_t>(storage_.data());
-    offset_ += (16 - base % 16) % 16;
-    std::memset(storage_.data(), kGuardByte, storage_.size());
+      : size_(size), storage_(size + 2 * kGuard + misalign + 16, kGuardByte) {
+    offset_ = kGuard + misalign + (16 - reinterpret_cast<uintptr_t>(storage_.data()) % 16) % 16;
   }
 
   uint8_t* data() { return storage_.data() + offset_; }
@@ -33,11 +30,9 @@ class GuardedBuffer {
 
   // True when no byte before or after the usable block has changed.
   bool GuardsIntact() const {
-    for (size_t i = 0; i < offset_; ++i)
-      if (storage_[i] != kGuardByte) return false;
-    for (size_t i = offset_ + size_; i < storage_.size(); ++i)
-      if (storage_[i] != kGuardByte) return false;
-    return true;
+    const auto guard = [](uint8_t b) { return b == kGuardByte; };
+    return std::all_of(storage_.begin(), storage_.begin() + offset_, guard) &&
+           std::all_of(storage_.begin() + offset_ + size_, storage_.end(), guard);
   }
 
  private:

@@ -1,48 +1,38 @@
+// The platform layer's events, critical sections, threads and counters.
 #include <gtest/gtest.h>
-
 #include <unistd.h>
 
-#include <atomic>
 #include <chrono>
-#include <cstring>
 #include <thread>
 
 #include "platform/zrutil.h"
 
 namespace {
 
-TEST(Events, AutoResetSignalsOnceAndTimesOut) {
+TEST(Sync, EventsAndCriticalSections) {
   ZrHandle e = zrOSCreateEvent(nullptr, 0, 0, nullptr);
-  ASSERT_NE(e, nullptr);
-  EXPECT_EQ(zrOSWaitForEvent(e, 0), kZrWaitTimeout);
-  std::thread t([e] { zrOSSetEvent(e); });
-  EXPECT_EQ(zrOSWaitForEvent(e, kZrInfinite), kZrWaitSignaled);
-  t.join();
-  EXPECT_EQ(zrOSWaitForEvent(e, 10), kZrWaitTimeout);
+  EXPECT_EQ(kZrWaitTimeout, zrOSWaitForEvent(e, 0));
+  std::thread([e] { zrOSSetEvent(e); }).join();
+  EXPECT_EQ(kZrWaitSignaled, zrOSWaitForEvent(e, kZrInfinite));
+  EXPECT_EQ(kZrWaitTimeout, zrOSWaitForEvent(e, 10));  // auto-reset
   zrOSCloseEvent(e);
-}
-
-TEST(Events, NullHandleIsTolerated) {
-  EXPECT_EQ(zrOSWaitForEvent(nullptr, 5), kZrWaitFailed);
-  EXPECT_EQ(zrOSSetEvent(nullptr), 0);
-  EXPECT_EQ(zrOSCloseEvent(nullptr), 0);
-}
-
-TEST(CriticalSection, IsRecursiveAndTryFailsFromAnotherThread) {
+  EXPECT_EQ(kZrWaitFailed, zrOSWaitForEvent(nullptr, 5));
+  EXPECT_EQ(0, zrOSSetEvent(nullptr) + zrOSCloseEvent(nullptr));
   ZrCriticalSection cs;
   zrOSInitializeCriticalSection(&cs);
   zrOSEnterCriticalSection(&cs);
-  EXPECT_NE(zrOSTryEnterCriticalSection(&cs), 0);
-  int otherTry = -1;
-  std::thread([&] { otherTry = zrOSTryEnterCriticalSection(&cs); }).join();
-  EXPECT_EQ(otherTry, 0);
+  EXPECT_NE(0, zrOSTryEnterCriticalSection(&cs));  // recursive
+  const auto tryFromAnotherThread = [&cs] {
+    int got = 0;
+    std::thread([&] {
+      if ((got = zrOSTryEnterCriticalSection(&cs))) zrOSLeaveCriticalSection(&cs);
+    }).join();
+    return got;
+  };
+  EXPECT_EQ(0, tryFromAnotherThread());
   zrOSLeaveCriticalSection(&cs);
   zrOSLeaveCriticalSection(&cs);
-  std::thread([&] {
-    otherTry = zrOSTryEnterCriticalSection(&cs);
-    if (otherTry) zrOSLeaveCriticalSection(&cs);
-  }).join();
-  EXPECT_NE(otherTry, 0);
+  EXPECT_NE(0, tryFromAnotherThread());
   zrOSDeleteCriticalSection(&cs);
 }
 
@@ -54,57 +44,32 @@ struct Job {
 unsigned int Worker(void* p) {
   auto* job = static_cast<Job*>(p);
   pthread_getname_np(pthread_self(), job->name, sizeof job->name);
-  zrOSInterlockedDecrement(job->count);
-  return 7;
+  return zrOSInterlockedDecrement(job->count) + 7;
 }
 
-TEST(Threads, NamedDetachedWorkersCountDownAndClosingDoesNotWait) {
+TEST(Sync, NamedDetachedWorkersPrioritiesAndCounters) {
   volatile int count = 0;
   Job jobs[4];
-  ZrHandle handles[4];
-  for (auto& job : jobs) {
+  for (Job& job : jobs) {
     job = Job{&count, {}};
-  }
-  for (int i = 0; i < 4; ++i) {
     zrOSInterlockedIncrement(&count);
     unsigned long id = 0;
-    handles[i] = zrOSCreateThread(nullptr, 0, Worker, &jobs[i], 0, &id, "dffx");
-    ASSERT_NE(handles[i], nullptr);
-    EXPECT_NE(id, 0u);
-    EXPECT_NE(zrOSSetThreadPriority(handles[i], 15), 0);
-    EXPECT_EQ(zrOSGetThreadPriority(handles[i]), 15);
+    ZrHandle h = zrOSCreateThread(nullptr, 0, Worker, &job, 0, &id, "dffx");
+    EXPECT_NE(0u, id);
+    EXPECT_NE(0, zrOSSetThreadPriority(h, 15));
+    EXPECT_EQ(15, zrOSGetThreadPriority(h));
+    zrOSCloseThread(h, "dffx");  // does not wait
   }
-  for (ZrHandle h : handles) zrOSCloseThread(h, "dffx");
   const auto deadline = std::chrono::steady_clock::now() + std::chrono::seconds(10);
   while (zrOSInterlockedRead(&count) != 0 && std::chrono::steady_clock::now() < deadline) usleep(1000);
-  ASSERT_EQ(zrOSInterlockedRead(&count), 0);
-  for (const auto& job : jobs) EXPECT_STREQ(job.name, "dffx");
-}
-
-TEST(Threads, CurrentThreadPriorityIsKeptPerThread) {
+  ASSERT_EQ(0, zrOSInterlockedRead(&count));
+  for (const Job& job : jobs) EXPECT_STREQ("dffx", job.name);
   ZrHandle self = zrOSGetCurrentThread();
-  const int before = zrOSGetThreadPriority(self);
   zrOSSetThreadPriority(self, 15);
-  EXPECT_EQ(zrOSGetThreadPriority(self), 15);
   int other = -1;
   std::thread([&] { other = zrOSGetThreadPriority(zrOSGetCurrentThread()); }).join();
-  EXPECT_EQ(other, 0);
-  zrOSSetThreadPriority(self, before);
-  EXPECT_EQ(zrOSGetThreadPriority(self), before);
-}
-
-TEST(Interlocked, ManyThreadsBalanceToZero) {
-  volatile int count = 0;
-  std::thread threads[4];
-  for (auto& t : threads)
-    t = std::thread([&] {
-      for (int i = 0; i < 10000; ++i) {
-        zrOSInterlockedIncrement(&count);
-        zrOSInterlockedDecrement(&count);
-      }
-    });
-  for (auto& t : threads) t.join();
-  EXPECT_EQ(zrOSInterlockedRead(&count), 0);
+  EXPECT_EQ(15 * 100, zrOSGetThreadPriority(self) * 100 + other);  // kept per thread
+  zrOSSetThreadPriority(self, 0);
 }
 
 }  // namespace

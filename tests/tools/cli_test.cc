@@ -1,9 +1,14 @@
-// The zrfx binary as a user runs it: argument errors, PNG round trips and
-// raw streams through files and pipes.
+// The zrfx binary as a user runs it: exit status and first message of each
+// kind of call, PNG runs against the library, raw streams through files and
+// pipes, and the gallery.
 #include <gtest/gtest.h>
 #include <zrdraw.h>
 
+#include <algorithm>
 #include <cstring>
+#include <map>
+#include <regex>
+#include <sstream>
 
 #include "run_zrfx.h"
 #include "zrfx/operations.h"
@@ -12,191 +17,174 @@
 namespace zrfx {
 namespace {
 
+using test::Bytes;
 using test::RandomFrame;
-using test::RunResult;
-using test::RunZrfx;
-using test::ScratchDir;
 
 constexpr uint32_t kWidth = 24, kHeight = 10;
+const std::map<std::string, std::string> kShorthand = {{"AB", "@a.png @b.png -o @o.png"},
+                                                       {"AC", "@a.png @c.png -o @o.png"},
+                                                       {"RAW", "@a.rgba @b.rgba -o @o.rgba"}};
 
-// Two pictures A and B of one size, and C of another.
+// Two pictures A and B of one size, and C of another, as PNG and raw files.
 class ZrfxCli : public ::testing::Test {
  protected:
   void SetUp() override {
     WritePng(dir_ / "a.png", a_, true);
     WritePng(dir_ / "b.png", b_, true);
     WritePng(dir_ / "c.png", RandomFrame(kWidth + 1, kHeight, 3), true);
+    test::WriteFile(dir_ / "a.rgba", Bytes(a_) + Bytes(a1_));
+    test::WriteFile(dir_ / "b.rgba", Bytes(b_) + Bytes(b1_));
+    test::WriteFile(dir_ / "cut.rgba", Bytes(a_) + "xyz");
+  }
+  // The library's output for the same inputs.
+  Frame Wipe(Frame a, Frame b, uint32_t code, uint32_t span, uint32_t progress) {
+    Frame out(kWidth, kHeight);
+    RunWipe(a, b, out, code, span, progress);
+    return out;
+  }
+  Frame Mux(Frame a, Frame b, const MuxSettings& s) {
+    Frame out(kWidth, kHeight);
+    RunMux(a, b, out, s);
+    return out;
+  }
+  std::string Png(const std::string& name) { return Bytes(ReadPng(dir_ / name).frame); }
+  // Runs zrfx on `words` split at spaces, where "@name" is a scratch file and
+  // "AB", "AC" and "RAW" stand for two inputs and an output, PNG and raw.
+  test::RunResult Run(std::string words, const std::string& stdinPath = "/dev/null") {
+    for (const char* pair : {"AB", "AC", "RAW"})
+      if (words.ends_with(pair))
+        words.replace(words.size() - std::strlen(pair), std::strlen(pair), kShorthand.at(pair));
+    std::istringstream in(words);
+    std::vector<std::string> args;
+    for (std::string w; in >> w;) args.push_back(w[0] == '@' ? dir_ / w.substr(1) : w);
+    return test::RunZrfx(dir_, args, stdinPath);
   }
 
-  // Runs zrfx and expects an argument error: status 2, one line on
-  // standard error and nothing on standard output.
-  void ExpectUsageError(const std::vector<std::string>& args, const std::string& fragment) {
-    const RunResult r = RunZrfx(args);
-    std::string line;
-    for (const std::string& a : args) line += " " + a;
-    EXPECT_EQ(r.exitStatus, 2) << "zrfx" << line << "\n" << r.err;
-    EXPECT_EQ(r.ErrLines(), 1u) << "zrfx" << line << "\n" << r.err;
-    EXPECT_NE(r.err.find(fragment), std::string::npos) << "zrfx" << line << "\n" << r.err;
-    EXPECT_TRUE(r.out.empty()) << "zrfx" << line;
-  }
-
-  Frame ReadOutput(const std::string& name) { return ReadPng(dir_ / name).frame; }
-
-  ScratchDir dir_;
-  Frame a_ = RandomFrame(kWidth, kHeight, 1);
-  Frame b_ = RandomFrame(kWidth, kHeight, 2);
+  test::ScratchDir dir_;
+  Frame a_ = RandomFrame(kWidth, kHeight, 1), b_ = RandomFrame(kWidth, kHeight, 2);
+  Frame a1_ = RandomFrame(kWidth, kHeight, 11), b1_ = RandomFrame(kWidth, kHeight, 12);
 };
 
-bool SamePixels(const Frame& x, const Frame& y) {
-  return x.SameSize(y) && std::memcmp(x.data(), y.data(), x.bytes()) == 0;
-}
-
-TEST_F(ZrfxCli, ArgumentErrorsExitWithStatusTwoAndOneLine) {
-  const std::string a = dir_ / "a.png", b = dir_ / "b.png", c = dir_ / "c.png", out = dir_ / "out.png";
-  ExpectUsageError({"wipe", "--code", "1", "--progress", "5", dir_ / "missing.png", b, "-o", out},
-                   "missing.png");
-  ExpectUsageError({"wipe", "--code", "1", "--progress", "5", a, c, "-o", out}, "same size");
-  ExpectUsageError({"mux", "--mode", "blend", a, b, "-o", out}, "unknown mux mode 'blend'");
-  ExpectUsageError({"mux", "--mode", "split", "--flag", "diagonal", a, b, "-o", out}, "unknown mux flag");
-  ExpectUsageError({"mux", "--mode", "copy_b", a, c, "-o", out}, "same size");
-  ExpectUsageError({"wipe", "--code", "2147483648", "--progress", "5", a, b, "-o", out},
-                   "outside 0..2147483647");
-  ExpectUsageError({"wipe", "--code", "-1", "--progress", "5", a, b, "-o", out}, "outside 0..2147483647");
-  ExpectUsageError({"wipe", "--code", "1", "--progress", "half", a, b, "-o", out}, "progress 'half'");
-  ExpectUsageError({"wipe", "--code", "1", "--progress", "101", a, b, "-o", out}, "beyond the span");
-  ExpectUsageError({"wipe", "--code", "1", "--progress", "-3", a, b, "-o", out}, "progress '-3'");
-  ExpectUsageError({"wipe", "--code", "1", "--progress", "0", "--span", "0", a, b, "-o", out}, "span");
-  ExpectUsageError({"wipe", "--code", "1", a, b, "-o", out}, "--progress is required");
-  ExpectUsageError({"wipe", "--code", "1", "--progress", "1", a, "-o", out}, "two input pictures");
-  ExpectUsageError({"transition", "--code", "1", "--frames", "1", a, b, "-o", dir_ / "f%d.png"},
-                   "at least 2");
-  ExpectUsageError({"transition", "--code", "1", "--frames", "3", a, b, "-o", out}, "frame number");
-  ExpectUsageError({"mux", "--mode", "wipe", "--grid", "0%", a, b, "-o", out}, "grid percentage");
-  ExpectUsageError({"mux", "--mode", "split", "--grid", "8x0", a, b, "-o", out}, "grid steps");
-  ExpectUsageError({"mux", "--mode", "split", "--raw", "24", a, b, "-o", out}, "WIDTHxHEIGHT");
-  ExpectUsageError({"mux", "--mode", "split", "--raw", "24x10", "-", "-", "-o", out}, "standard input");
-  ExpectUsageError({"gallery", "--size", "10x10", "--out", dir_ / "g"}, "at least");
-  ExpectUsageError({"wipe", "--colour", "red"}, "unknown option --colour");
-  ExpectUsageError({"paint"}, "unknown command 'paint'");
-  // Nothing was written on any of these paths.
-  EXPECT_FALSE(std::filesystem::exists(out));
-}
-
-TEST_F(ZrfxCli, HelpGoesToStandardOutput) {
-  for (const std::vector<std::string>& args : std::vector<std::vector<std::string>>{
-           {"--help"}, {"gallery", "--help"}, {"wipe", "-h"}, {"transition", "--help"}, {"mux", "--help"}}) {
-    const RunResult r = RunZrfx(args);
-    EXPECT_EQ(r.exitStatus, 0);
-    EXPECT_NE(r.out.find("usage"), std::string::npos) << args[0];
-    EXPECT_TRUE(r.err.empty());
+TEST_F(ZrfxCli, ExitStatusAndFirstMessage) {
+  struct Row {
+    const char* args;
+    int status;
+    std::string message;  // the start of standard error, "@" the scratch directory; output for status 0
+  };
+  const Row rows[] = {
+      {"paint", 2, "zrfx: unknown command 'paint'"},
+      {"wipe --colour red", 2, "zrfx: unknown option --colour"},
+      {"wipe --code 1 --code 2 --progress 1 AB", 2, "zrfx: option --code is given twice"},
+      {"wipe --code", 2, "zrfx: option --code needs a value"},
+      {"wipe --reverse=yes --code 1 --progress 1 AB", 2, "zrfx: option --reverse takes no value"},
+      {"wipe --code 1 --progress 5 @missing.png @b.png -o @o.png", 2, "zrfx: cannot open @missing.png: "},
+      {"wipe --code 1 --progress 5 AC", 2, "zrfx: @a.png is 24x10 but @c.png is 25x10; both"},
+      {"wipe --code 2147483648 AB", 2, "zrfx: wipe number '2147483648' is outside 0..2147483647"},
+      {"wipe --code -1 --progress 5 AB", 2, "zrfx: wipe number '-1' is outside"},
+      {"wipe --code 0x --progress 5 AB", 2, "zrfx: wipe number '0x' is outside"},
+      {"wipe --code 1 --progress half AB", 2, "zrfx: progress 'half' is not a number"},
+      {"wipe --code 1 --progress +1 AB", 2, "zrfx: progress '+1' is not a number"},
+      {"wipe --code 1 --progress 4294967296 AB", 2, "zrfx: progress '4294967296' is not a number"},
+      {"wipe --code 1 --progress 101 AB", 2, "zrfx: progress 101 is beyond the span 100"},
+      {"wipe --code 1 --progress 0 --span 0 AB", 2, "zrfx: span must be at least 1"},
+      {"wipe --code 1 AB", 2, "zrfx: option --progress is required"},
+      {"wipe --code 1 --progress 1 @a.png -o @o.png", 2, "zrfx: expected two input pictures"},
+      {"transition --code 1 --frames 1 @a.png @b.png -o @f%d.png", 2, "zrfx: a transition needs at least 2"},
+      {"transition --code 1 --frames 3 AB", 2, "zrfx: output name '@o.png' must hold a frame number"},
+      {"transition --code 1 --frames 3 @a.png @b.png -o @f%d_%d.png", 2, "zrfx: output name '@f%d_%d.png'"},
+      {"mux --mode blend AB", 2, "zrfx: unknown mux mode 'blend'"},
+      {"mux --mode MUXF_SWAP AB", 2, "zrfx: unknown mux mode 'MUXF_SWAP'"},
+      {"mux --mode 0x1000000 AB", 2, "zrfx: unknown mux mode '0x1000000'"},
+      {"mux --mode split --flag diagonal AB", 2, "zrfx: unknown mux flag 'diagonal'"},
+      {"mux --mode copy_b AC", 2, "zrfx: @a.png is 24x10 but @c.png is 25x10; both"},
+      {"mux --mode wipe --grid 0% AB", 2, "zrfx: a grid percentage must be from 1 to 100"},
+      {"mux --mode split --grid 8x0 AB", 2, "zrfx: grid steps must be at least 1 pixel"},
+      {"mux --mode split --raw 24 RAW", 2, "zrfx: frame size '24' is not WIDTHxHEIGHT"},
+      {"mux --mode split --raw 0x10 RAW", 2, "zrfx: a frame size of 0x10 is not supported"},
+      {"mux --mode split --raw 16384x16384 RAW", 2, "zrfx: a frame size of 16384x16384 is not"},
+      {"mux --mode split --raw 24x10 - - -o @o.rgba", 2, "zrfx: only one input can be standard input"},
+      {"mux --mode split --raw 24x10 @cut.rgba @b.rgba -o @o.rgba", 1, "zrfx: @cut.rgba ends inside frame 1"},
+      {"gallery --size 10x10 --out @g", 2, "zrfx: the gallery needs pictures of at least 64x48"},
+      {"--help", 0, "usage: zrfx [COMMAND]"},
+      {"gallery --help", 0, "usage: zrfx [gallery]"},
+      {"wipe -h", 0, "usage: zrfx wipe"},
+      {"transition --help", 0, "usage: zrfx transition"},
+      {"mux --help", 0, "usage: zrfx mux"},
+  };
+  for (const Row& row : rows) {
+    const test::RunResult r = Run(row.args);
+    EXPECT_EQ(row.status, r.exitStatus) << row.args << "\n" << r.err;
+    std::string message = row.message;
+    for (size_t at; (at = message.find('@')) != std::string::npos;) message.replace(at, 1, dir_ / "");
+    EXPECT_TRUE((row.status ? r.err : r.out).starts_with(message) && (row.status ? r.out : r.err).empty())
+        << row.args << "\n"
+        << r.err;
+    EXPECT_EQ(row.status ? 1 : 0, std::count(r.err.begin(), r.err.end(), '\n')) << row.args << "\n" << r.err;
   }
-  EXPECT_NE(RunZrfx({"wipe", "--help"}).out.find("zrfxSLIDE_Basic: 500-515"), std::string::npos);
-  EXPECT_NE(RunZrfx({"mux", "--help"}).out.find("CHANNEL_VIEW"), std::string::npos);
+  EXPECT_FALSE(std::filesystem::exists(dir_ / "o.png"));  // nothing was written on a failure
+  EXPECT_NE(std::string::npos, Run("wipe --help").out.find("zrfxSLIDE_Basic: 500-515"));
 }
 
 // Through PNG files, the output is the library's frame to the bit.
-TEST_F(ZrfxCli, WipeThroughPngMatchesTheLibrary) {
-  for (uint32_t progress : {0u, 37u, 100u}) {
-    const RunResult r = RunZrfx({"wipe", "--code", "3", "--progress", std::to_string(progress),
-                                 dir_ / "a.png", dir_ / "b.png", "-o", dir_ / "out.png"});
-    ASSERT_EQ(r.exitStatus, 0) << r.err;
-    Frame srcA = a_, srcB = b_, expected(kWidth, kHeight);
-    RunWipe(srcA, srcB, expected, 3, 100, progress);
-    EXPECT_TRUE(SamePixels(ReadOutput("out.png"), expected)) << "progress " << progress;
+TEST_F(ZrfxCli, PngRunsMatchTheLibrary) {
+  for (uint32_t p : {0u, 37u, 100u}) {
+    ASSERT_EQ(0, Run("wipe --code 3 --progress " + std::to_string(p) + " AB").exitStatus);
+    EXPECT_EQ(Bytes(Wipe(a_, b_, 3, 100, p)), Png("o.png")) << "progress " << p;
   }
-  // The ends of a wipe are the pictures themselves.
-  ASSERT_EQ(RunZrfx({"wipe", "--code", "1", "--progress", "0", "--span", "7", dir_ / "a.png", dir_ / "b.png",
-                     "-o", dir_ / "start.png"})
-                .exitStatus,
-            0);
-  EXPECT_TRUE(SamePixels(ReadOutput("start.png"), a_));
-  ASSERT_EQ(RunZrfx({"wipe", "--code", "1", "--progress", "0", "--reverse", dir_ / "a.png", dir_ / "b.png",
-                     "-o", dir_ / "reversed.png"})
-                .exitStatus,
-            0);
-  EXPECT_TRUE(SamePixels(ReadOutput("reversed.png"), b_));
-}
-
-TEST_F(ZrfxCli, MuxThroughPngMatchesTheLibrary) {
-  const RunResult r = RunZrfx({"mux", "--mode", "Mux_Split", "--flag", "divider,alt_axis", "--flag", "SWAP",
-                               "--split-y", "3", dir_ / "a.png", dir_ / "b.png", "-o", dir_ / "out.png"});
-  ASSERT_EQ(r.exitStatus, 0) << r.err;
-  Frame srcA = a_, srcB = b_, expected(kWidth, kHeight);
+  ASSERT_EQ(0, Run("wipe --code 1 --progress 0 --span 7 AB").exitStatus);  // the ends are the pictures
+  EXPECT_EQ(Bytes(a_), Png("o.png"));
+  ASSERT_EQ(0, Run("wipe --code 1 --progress 0 --reverse AB").exitStatus);
+  EXPECT_EQ(Bytes(b_), Png("o.png"));
+  ASSERT_EQ(0, Run("mux --mode Mux_Split --flag divider,alt_axis --flag=SWAP --split-y 3 AB").exitStatus);
   MuxSettings s;
   s.flags = MUX_SPLIT | MUXF_DIVIDER | MUXF_ALT_AXIS | MUXF_SWAP;
   s.position = 32768;
   s.splitX = kWidth / 2;
   s.splitY = 3;
-  RunMux(srcA, srcB, expected, s);
-  EXPECT_TRUE(SamePixels(ReadOutput("out.png"), expected));
-}
-
-TEST_F(ZrfxCli, TransitionWritesEveryFrame) {
-  const RunResult r = RunZrfx({"transition", "--code", "500", "--frames", "4", dir_ / "a.png", dir_ / "b.png",
-                               "-o", dir_ / "f_%02d.png"});
-  ASSERT_EQ(r.exitStatus, 0) << r.err;
-  for (uint32_t k = 0; k < 4; ++k) {
-    Frame srcA = a_, srcB = b_, expected(kWidth, kHeight);
-    RunWipe(srcA, srcB, expected, 500, 3, k);
-    EXPECT_TRUE(SamePixels(ReadOutput("f_0" + std::to_string(k) + ".png"), expected)) << "frame " << k;
-  }
+  EXPECT_EQ(Bytes(Mux(a_, b_, s)), Png("o.png"));
+  ASSERT_EQ(0, Run("transition --code 500 --frames 4 @a.png @b.png -o @f_%02d.png").exitStatus);
+  for (uint32_t k = 0; k < 4; ++k)
+    EXPECT_EQ(Bytes(Wipe(a_, b_, 500, 3, k)), Png("f_0" + std::to_string(k) + ".png"));
   EXPECT_FALSE(std::filesystem::exists(dir_ / "f_04.png"));
 }
 
-std::string Bytes(const Frame& frame) {
-  return std::string(reinterpret_cast<const char*>(frame.data()), frame.bytes());
-}
-
 // Two frames a stream, B through standard input, the output to standard
-// output: what `ffmpeg ... | zrfx mux --raw ... - | ffmpeg ...` does.
-TEST_F(ZrfxCli, TwoFrameRawStreamThroughTheMux) {
-  const Frame a1 = RandomFrame(kWidth, kHeight, 11), b1 = RandomFrame(kWidth, kHeight, 12);
-  test::WriteFile(dir_ / "a.rgba", Bytes(a_) + Bytes(a1));
-  test::WriteFile(dir_ / "b.rgba", Bytes(b_) + Bytes(b1));
-  const RunResult r = RunZrfx({"mux", "--mode", "difference", "--level", "4", "--flag", "flip_v_a", "--raw",
-                               "24x10", dir_ / "a.rgba", "-", "-o", "-"},
-                              dir_ / "b.rgba");
-  ASSERT_EQ(r.exitStatus, 0) << r.err;
-  EXPECT_TRUE(r.err.empty());
-  std::string expected;
+// output; and a still A against a longer B, its last frame held.
+TEST_F(ZrfxCli, RawStreams) {
+  const auto r =
+      Run("mux --mode difference --level 4 --flag flip_v_a --raw 24x10 @a.rgba - -o -", dir_ / "b.rgba");
+  ASSERT_EQ(0, r.exitStatus) << r.err;
   MuxSettings s;
   s.flags = MUX_DIFFERENCE | MUXF_FLIP_V_A;
   s.level = 4;
-  for (auto [a, b] : {std::pair{a_, b_}, std::pair{a1, b1}}) {
-    Frame out(kWidth, kHeight);
-    RunMux(a, b, out, s);
-    expected += Bytes(out);
-  }
-  ASSERT_EQ(r.out.size(), expected.size());
-  EXPECT_TRUE(r.out == expected);
+  EXPECT_TRUE(r.err.empty() && r.out == Bytes(Mux(a_, b_, s)) + Bytes(Mux(a1_, b1_, s)));
+  test::WriteFile(dir_ / "still.rgba", Bytes(a_));
+  ASSERT_EQ(0, Run("transition --code 0 --frames 3 --raw 24x10 @still.rgba @b.rgba -o @o.rgba").exitStatus);
+  EXPECT_TRUE(test::ReadFile(dir_ / "o.rgba") ==
+              Bytes(Wipe(a_, b_, 0, 2, 0)) + Bytes(Wipe(a_, b1_, 0, 2, 1)) + Bytes(Wipe(a_, b1_, 0, 2, 2)));
 }
 
-TEST_F(ZrfxCli, RawTransitionHoldsTheLastFrameOfAShortStream) {
-  const Frame b1 = RandomFrame(kWidth, kHeight, 12);
-  test::WriteFile(dir_ / "a.rgba", Bytes(a_));  // one frame: a still
-  test::WriteFile(dir_ / "b.rgba", Bytes(b_) + Bytes(b1));
-  const RunResult r = RunZrfx({"transition", "--code", "0", "--frames", "3", "--raw", "24x10",
-                               dir_ / "a.rgba", dir_ / "b.rgba", "-o", dir_ / "out.rgba"});
-  ASSERT_EQ(r.exitStatus, 0) << r.err;
-  std::string expected;
-  for (uint32_t k = 0; k < 3; ++k) {
-    Frame a = a_, b = k == 0 ? b_ : b1, out(kWidth, kHeight);
-    RunWipe(a, b, out, 0, 2, k);
-    expected += Bytes(out);
+// The gallery, as the README's first command runs it: it must finish and
+// produce the contact sheet with every picture it names.
+TEST_F(ZrfxCli, GalleryWritesTheContactSheetAndEveryPicture) {
+  const test::RunResult r = Run("--out @gallery");
+  ASSERT_EQ(0, r.exitStatus) << r.err;
+  EXPECT_TRUE(r.err.empty() && r.out.find("contact sheet: ") != std::string::npos) << r.out << r.err;
+  const std::string html = test::ReadFile(dir_ / "gallery/index.html");
+  const std::regex image("<img src=\"([^\"]+)\"");
+  size_t pictures = 0;
+  for (auto it = std::sregex_iterator(html.begin(), html.end(), image); it != std::sregex_iterator(); ++it) {
+    const Frame picture = ReadPng(dir_ / ("gallery/" + (*it)[1].str())).frame;
+    EXPECT_EQ(384u * 1000 + 216, picture.width() * 1000 + picture.height()) << (*it)[1];
+    ++pictures;
   }
-  const std::string got = test::ReadFile(dir_ / "out.rgba");
-  ASSERT_EQ(got.size(), expected.size());
-  EXPECT_TRUE(got == expected);
-}
-
-TEST_F(ZrfxCli, RawStreamCutInsideAFrameFails) {
-  test::WriteFile(dir_ / "a.rgba", Bytes(a_) + "xyz");
-  test::WriteFile(dir_ / "b.rgba", Bytes(b_) + Bytes(b_));
-  const RunResult r = RunZrfx({"mux", "--mode", "average", "--raw", "24x10", dir_ / "a.rgba", dir_ / "b.rgba",
-                               "-o", dir_ / "out.rgba"});
-  EXPECT_EQ(r.exitStatus, 1);
-  EXPECT_EQ(r.ErrLines(), 1u);
-  EXPECT_NE(r.err.find("ends inside frame 1"), std::string::npos) << r.err;
+  // Sources, 20 wipe families and the reverse row at three progress values,
+  // the adapters, the mux modes and grids, and at least the RGB canvases.
+  EXPECT_GE(pictures, 2u + 63u + 6u + 39u + 4u);
+  for (const char* caption :
+       {"wipe 22 (zrfxSMPTE_BarnDoorHorizontal), progress 75 of 100", "ZrDraw_DisplayWipeV210",
+        "SPLIT (0x000800) + DIVIDER", "qtGetDraw(pixelRGB24 = 5"})
+    EXPECT_NE(std::string::npos, html.find(caption)) << caption;
 }
 
 }  // namespace
