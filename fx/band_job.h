@@ -19,7 +19,7 @@ class zrfxBandJobBlock;
 // effect, the worker thread, and the count that the worker steps down.
 struct zrfxBandJob {
   zr::fx::FxCall call;
-  zrfxEffectFn effect;
+  zrfxEffectFn* effect;
   ZrHandle thread;
   unsigned long threadId;
   volatile int* pendingCount;

@@ -11,7 +11,7 @@ namespace zr::fx {
 
 // ZrDraw_FXMultiThread; `shared`, when set, gets one reference per started
 // worker, each let go as that worker finishes.
-uint32_t RunBands(ZRFX_EFFECT_ARGS, zrfxEffectFn effect, SharedScratch* shared);
+uint32_t RunBands(ZRFX_EFFECT_ARGS, zrfxEffectFn* effect, SharedScratch* shared);
 
 // ZrDraw_DisplayWipe, with `shared` passed on to the driver.
 uint32_t DisplayWipe(ZRFX_FRONT_DOOR_ARGS, SharedScratch* shared);

@@ -25,12 +25,12 @@ void SetBand(zrfxBandJob& job, uint32_t left, uint32_t right, uint32_t top, uint
 
 }  // namespace
 
-uint32_t ZrDraw_FXMultiThread(ZRFX_EFFECT_ARGS, zrfxEffectFn effect) {
+uint32_t ZrDraw_FXMultiThread(ZRFX_EFFECT_ARGS, zrfxEffectFn* effect) {
   const zr::fx::FxCall call = ZRFX_CALL_RECORD;
   return zr::fx::RunBands(ZRFX_CALL_VALUES(call), effect, nullptr);
 }
 
-uint32_t zr::fx::RunBands(ZRFX_EFFECT_ARGS, zrfxEffectFn effect, SharedScratch* shared) {
+uint32_t zr::fx::RunBands(ZRFX_EFFECT_ARGS, zrfxEffectFn* effect, SharedScratch* shared) {
   zrfxBandJobBlock* const block = zrfxBandJobBlock::Create(shared);
   if (!block) return 0;
   zrfxBandJob* const jobs = block->mJobs;

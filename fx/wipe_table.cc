@@ -6,7 +6,7 @@ namespace {
 struct WipeRange {
   uint32_t first;
   uint32_t last;
-  zrfxEffectFn effect;
+  zrfxEffectFn* effect;
 };
 
 // Beyond their first rows, the numbers that play as the plain horizontal
@@ -52,7 +52,7 @@ constexpr WipeRange kWipeTable[] = {
 
 }  // namespace
 
-zrfxEffectFn WipeEffectFor(uint32_t wipeCode) {
+zrfxEffectFn* WipeEffectFor(uint32_t wipeCode) {
   const uint32_t number = wipeCode & 0x7FFFFFFFu;
   // Number 0 wraps to the top here, so it joins everything above 515.
   if (number - 1 > 514) return zrfxDISSOLVE;

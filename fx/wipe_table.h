@@ -10,7 +10,7 @@ namespace zr::fx {
 
 // The effect for a wipe code; bit 31 (the reverse flag) plays no part here.
 // Every number without an entry, 0 included, plays as the dissolve.
-zrfxEffectFn WipeEffectFor(uint32_t wipeCode);
+zrfxEffectFn* WipeEffectFor(uint32_t wipeCode);
 
 }  // namespace zr::fx
 

@@ -27,22 +27,22 @@ bool ListedAsDissolve(uint32_t n) {
   return false;
 }
 
-zrfxEffectFn Expected(uint32_t n) {
-  static constexpr zrfxEffectFn kFirst[] = {nullptr,
-                                            zrfxSMPTE_Horizontal,
-                                            zrfxSMPTE_Vertical,
-                                            zrfxSMPTE_TopLeft,
-                                            zrfxSMPTE_TopRight,
-                                            zrfxSMPTE_BottomRight,
-                                            zrfxSMPTE_BottomLeft,
-                                            zrfxSMPTE_FourCorners,
-                                            zrfxSMPTE_FourSquare};
+zrfxEffectFn* Expected(uint32_t n) {
+  static constexpr zrfxEffectFn* kFirst[] = {nullptr,
+                                             zrfxSMPTE_Horizontal,
+                                             zrfxSMPTE_Vertical,
+                                             zrfxSMPTE_TopLeft,
+                                             zrfxSMPTE_TopRight,
+                                             zrfxSMPTE_BottomRight,
+                                             zrfxSMPTE_BottomLeft,
+                                             zrfxSMPTE_FourCorners,
+                                             zrfxSMPTE_FourSquare};
   if (n == 0 || n > 515 || ListedAsDissolve(n)) return zrfxDISSOLVE;
   if (n <= 8) return kFirst[n];
   if (n >= 21 && n <= 26) {
-    static constexpr zrfxEffectFn kDoors[] = {zrfxSMPTE_BarnDoorVertical, zrfxSMPTE_BarnDoorHorizontal,
-                                              zrfxSMPTE_TopCenter,        zrfxSMPTE_RightCenter,
-                                              zrfxSMPTE_BottomCenter,     zrfxSMPTE_LeftCenter};
+    static constexpr zrfxEffectFn* kDoors[] = {zrfxSMPTE_BarnDoorVertical, zrfxSMPTE_BarnDoorHorizontal,
+                                               zrfxSMPTE_TopCenter,        zrfxSMPTE_RightCenter,
+                                               zrfxSMPTE_BottomCenter,     zrfxSMPTE_LeftCenter};
     return kDoors[n - 21];
   }
   if ((n >= 41 && n <= 48) || (n >= 61 && n <= 68) || (n >= 71 && n <= 74) || n == 101)
@@ -99,7 +99,7 @@ TEST(FrontDoor, UnassignedNumbersPlayTheDissolve) {
 // flag, against the per-pixel model over the whole picture.
 TEST(FrontDoor, EveryWipeNumberPlaysItsEffectOverTheWholePicture) {
   for (uint32_t number = 1; number <= 515; ++number) {
-    const zrfxEffectFn effect = WipeEffectFor(number);
+    zrfxEffectFn* const effect = WipeEffectFor(number);
     if (effect == zrfxDISSOLVE) continue;
     for (uint32_t reverse : {0u, 0x80000000u})
       for (uint32_t progress : {0u, 37u, 100u, 130u}) {

@@ -199,7 +199,7 @@ TEST(ThreadDriver, WorkerEntryRunsItsRecordAndStepsTheCountDown) {
 TEST(ThreadDriver, SlideAndVerticalOnOnePixelFramesMatchOneBand) {
   const uint32_t sizes[][2] = {{1, 1}, {1, 9}, {9, 1}, {0, 3}};
   for (const auto& size : sizes)
-    for (zrfxEffectFn effect : {zrfxSLIDE_Basic, zrfxSMPTE_Vertical})
+    for (zrfxEffectFn* effect : {zrfxSLIDE_Basic, zrfxSMPTE_Vertical})
       for (uint32_t code : {500u, 501u, 502u, 503u}) {
         const uint32_t w = size[0], h = size[1], pitch = w * 8;
         std::vector<uint8_t> a(64 + pitch * h), b(a.size()), d(a.size(), 0x33), want(d);

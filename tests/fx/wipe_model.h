@@ -13,7 +13,7 @@ namespace zr::test {
 
 struct WipeMember {
   const char* name;
-  zrfxEffectFn effect;
+  zrfxEffectFn* effect;
 };
 
 // The fourteen per-pixel wipes, zrfxSMPTE_Vertical and zrfxSLIDE_Basic.

@@ -15,7 +15,7 @@ namespace {
 constexpr uint32_t kW = 10, kH = 6;
 
 struct Shape {
-  zrfxEffectFn effect;
+  zrfxEffectFn* effect;
   const char* name;
   uint32_t progress;
   const char* rows[kH];

@@ -69,7 +69,7 @@ TEST(DissolveEffects, MixExactlyTheBandInEveryFormatGroup) {
 
     const auto srcA = a.Bytes(), srcB = b.Bytes(), before = dst.Bytes();
     const auto want = ExpectedOutput(args, before);
-    for (zrfxEffectFn effect : {zrfxDISSOLVE, zrfxDISSOLVE2}) {
+    for (zrfxEffectFn* effect : {zrfxDISSOLVE, zrfxDISSOLVE2}) {
       std::memcpy(dst.data(), before.data(), before.size());
       EXPECT_EQ(RunEffect(effect, args), 0u);
       const std::string context = "seed " + std::to_string(seed) + " format " + std::to_string(format);
@@ -83,7 +83,7 @@ TEST(DissolveEffects, FormatsOutsideTheirGroupsAndEmptyBandsWriteNothing) {
   TestPicture a(52, 3, 1), b(52, 3, 2), dst(52, 3, 3);
   const auto before = dst.Bytes();
   for (uint32_t format : {0u, 7u, 10u, 28u, 37u, 99u, 0xFFFFFFFFu})
-    for (zrfxEffectFn effect : {zrfxDISSOLVE, zrfxDISSOLVE2}) {
+    for (zrfxEffectFn* effect : {zrfxDISSOLVE, zrfxDISSOLVE2}) {
       EffectArgs args{a.data(), 52, b.data(), 52,  dst.data(), 52, 0,  format, 12,
                       3,        {}, 0,        100, 50,         0,  12, 0,      3};
       EXPECT_EQ(RunEffect(effect, args), 0u);
@@ -137,7 +137,7 @@ TEST(DissolveEffects, OutputShiftedAgainstASourceRunsInMemoryOrder) {
 
 TEST(DissolveEffects, BothEffectsGiveTheGoldenOutputInOneBand) {
   for (const auto& g : test::kDissolveGoldens) {
-    for (zrfxEffectFn effect : {zrfxDISSOLVE, zrfxDISSOLVE2}) {
+    for (zrfxEffectFn* effect : {zrfxDISSOLVE, zrfxDISSOLVE2}) {
       test::GoldenFrames frames(g.format);
       EXPECT_EQ(RunEffect(effect, frames.Args(g)), 0u);
       EXPECT_EQ(frames.DstCrc(), g.crc)

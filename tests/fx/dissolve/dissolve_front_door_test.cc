@@ -19,7 +19,7 @@ TEST(DissolveFrontDoor, FourBandsGiveTheGoldenDissolve) {
       EXPECT_EQ(RunFrontDoor(args), 0u);
       EXPECT_EQ(frames.DstCrc(), g.crc) << "format " << g.format << " number " << number;
     }
-    for (zrfxEffectFn effect : {zrfxDISSOLVE, zrfxDISSOLVE2}) {
+    for (zrfxEffectFn* effect : {zrfxDISSOLVE, zrfxDISSOLVE2}) {
       GoldenFrames frames(g.format);
       const EffectArgs a = frames.Args(g);
       // The band arguments are the driver's to set.
