@@ -16,6 +16,9 @@ constexpr int kWorkerPriority = 15;
 // bound (it is what fifty 2 ms polls came to).
 constexpr std::chrono::milliseconds kWaitBound{100};
 
+// The platform's thread entry takes its parameter untyped.
+unsigned int StartJob(void* job) { return zrfxFXThread(static_cast<zrfxBandJob*>(job)); }
+
 void SetBand(zrfxBandJob& job, uint32_t left, uint32_t right, uint32_t top, uint32_t bottom) {
   job.call.bandLeft = left;
   job.call.bandRight = right;
@@ -53,7 +56,7 @@ uint32_t zr::fx::RunBands(ZRFX_EFFECT_ARGS, zrfxEffectFn* effect, SharedScratch*
     zrfxBandJob& job = jobs[i];
     zrOSInterlockedIncrement(job.pendingCount);
     block->AddRef();
-    job.thread = zrOSCreateThread(nullptr, 0, zrfxFXThread, &job, 0, &job.threadId, kWorkerName);
+    job.thread = zrOSCreateThread(nullptr, 0, StartJob, &job, 0, &job.threadId, kWorkerName);
     // A worker that never started keeps its count step, so the wait runs to
     // its bound and that quarter stays unwritten; nothing is reported.
     if (!job.thread) block->Release();
@@ -67,8 +70,7 @@ uint32_t zr::fx::RunBands(ZRFX_EFFECT_ARGS, zrfxEffectFn* effect, SharedScratch*
   return 0;
 }
 
-uint32_t zrfxFXThread(void* parameter) {
-  auto* const job = static_cast<zrfxBandJob*>(parameter);
+uint32_t zrfxFXThread(zrfxBandJob* job) {
   const uint32_t result = job->effect(ZRFX_CALL_VALUES(job->call));
   // Read before the count drops: a record without a block may be gone after.
   zrfxBandJobBlock* const block = job->block;

@@ -42,8 +42,11 @@ ZR_EXPORT uint32_t ZrDraw_DisplayWipeV210(ZRFX_FRONT_DOOR_ARGS);
 /* Runs `effect` on four new threads, one per quadrant; the four band
    arguments passed in are not read. */
 ZR_EXPORT uint32_t ZrDraw_FXMultiThread(ZRFX_EFFECT_ARGS, zrfxEffectFn* effect);
-/* Thread entry of one band: takes the band's job record. */
-ZR_EXPORT uint32_t zrfxFXThread(void* job);
+/* One worker's record: the effect arguments with the worker's own band,
+   the effect, the thread and the driver's completion count. */
+typedef struct zrfxBandJob zrfxBandJob;
+/* Thread entry of one band: runs the job's effect and counts it done. */
+ZR_EXPORT uint32_t zrfxFXThread(zrfxBandJob* job);
 
 ZR_EXPORT uint32_t zrfxSMPTE_Horizontal(ZRFX_EFFECT_ARGS);
 ZR_EXPORT uint32_t zrfxSMPTE_Vertical(ZRFX_EFFECT_ARGS);

@@ -49,6 +49,9 @@ static_assert(kSame<decltype(ZrDraw_DisplayWipe), FrontDoorType>);
 static_assert(kSame<decltype(ZrDraw_DisplayWipeYCbCr), FrontDoorType>);
 static_assert(kSame<decltype(ZrDraw_DisplayWipeV210), FrontDoorType>);
 
+// The thread entry takes the documented job record.
+static_assert(kSame<decltype(zrfxFXThread), uint32_t(zrfxBandJob*)>);
+
 // A host as written against the interface.
 [[maybe_unused]] uint32_t RunOnBands(uint8_t* a, uint8_t* b, uint8_t* d, zrfxEffectFn* effect) {
   return ZrDraw_FXMultiThread(a, 4, b, 4, d, 4, 1, 1, 1, 1, 0, 0, 0, 0, 0, 0, 100, 50, 0, 0, 0, 0, effect);
