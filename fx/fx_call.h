@@ -73,6 +73,15 @@ struct FxPictures {
                   fxReserved2, fxReserved3, fxReserved4, progressStart, progressEnd, progress,    \
                   bandLeft,    bandRight,   bandTop,     bandBottom})
 
+// The front door's 18 arguments, in order.
+#define ZRFX_FRONT_DOOR_VALUES                                                                          \
+  srcA, pitchA, srcB, pitchB, dst, dstPitch, wipeCode, format, width, height, fxReserved0, fxReserved1, \
+      fxReserved2, fxReserved3, fxReserved4, progressStart, progressEnd, progress
+
+// Inside a function with the front door's arguments: those arguments as an
+// FxCall. The band is left empty; the driver gives each worker its own.
+#define ZRFX_FRONT_DOOR_RECORD (zr::fx::FxCall{ZRFX_FRONT_DOOR_VALUES, 0, 0, 0, 0})
+
 // The 22 effect arguments held by an FxCall, in order.
 #define ZRFX_CALL_VALUES(c)                                                                               \
   (c).srcA, (c).pitchA, (c).srcB, (c).pitchB, (c).dst, (c).dstPitch, (c).wipeCode, (c).format, (c).width, \

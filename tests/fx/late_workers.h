@@ -15,9 +15,9 @@
 namespace zr::test {
 
 inline void WaitForLateWorkers() {
-  for (int i = 0; i < 60000 && zrfxBandJobBlock::LiveBlocks() != 0; ++i)
+  for (int i = 0; i < 60000 && fx::BandJobBlock::LiveBlocks() != 0; ++i)
     std::this_thread::sleep_for(std::chrono::milliseconds(1));
-  ASSERT_EQ(zrfxBandJobBlock::LiveBlocks(), 0) << "a worker never finished";
+  ASSERT_EQ(fx::BandJobBlock::LiveBlocks(), 0) << "a worker never finished";
 }
 
 }  // namespace zr::test

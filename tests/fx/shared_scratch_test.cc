@@ -31,7 +31,7 @@ TEST(SharedScratch, LateWorkersKeepTheBlockAlive) {
   zr::fx::SharedScratch* scratch = zr::fx::SharedScratch::Adopt(block, kBytes);
   auto* rows = static_cast<uint8_t*>(block);
   const auto start = std::chrono::steady_clock::now();
-  zr::fx::RunBands(rows, 64, rows, 64, rows, 64, 0, 1, 16, 32, 0, 0, 0, 0, 0, 0, 100, 50, 0, 0, 0, 0,
+  zr::fx::RunBands({rows, 64, rows, 64, rows, 64, 0, 1, 16, 32, 0, 0, 0, 0, 0, 0, 100, 50, 0, 0, 0, 0},
                    SlowEffect, scratch);
   EXPECT_LT(std::chrono::steady_clock::now() - start, std::chrono::milliseconds(240));
   // The adapter lets go while the workers are still asleep.

@@ -161,7 +161,7 @@ uint32_t HeldHorizontal(ZRFX_EFFECT_ARGS) {
 TEST(ThreadDriver, GivesUpAfterTheBoundAndTheLateWorkerStillFindsItsRecord) {
   const uint32_t w = 8, h = 4;
   std::vector<uint8_t> a(w * h * 4, 0xAA), b(w * h * 4, 0xBB), d(w * h * 4, 0);
-  const int live = zrfxBandJobBlock::LiveBlocks();
+  const int live = zr::fx::BandJobBlock::LiveBlocks();
   gRelease = false;
   gLateDone = false;
   gOthersDone = 0;
@@ -170,7 +170,7 @@ TEST(ThreadDriver, GivesUpAfterTheBoundAndTheLateWorkerStillFindsItsRecord) {
                                  0, 1, 1, 0, 0, 0, 0, HeldHorizontal),
             0u);
   EXPECT_GE(Clock::now() - start, std::chrono::milliseconds(99));
-  EXPECT_EQ(zrfxBandJobBlock::LiveBlocks(), live + 1) << "the late worker holds the block";
+  EXPECT_EQ(zr::fx::BandJobBlock::LiveBlocks(), live + 1) << "the late worker holds the block";
   ASSERT_TRUE(WaitFor([] { return gOthersDone.load() == 3; }, 10000));
   for (uint32_t y = 0; y < h; ++y)
     for (uint32_t x = 0; x < w; ++x)

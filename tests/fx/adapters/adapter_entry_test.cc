@@ -170,7 +170,7 @@ TEST_F(AdapterEntry, V210RaisesShortPitchesAndWritesTheLastGroupWhole) {
     const auto before = dst.bytes;
     EXPECT_EQ(Call(ZrDraw_DisplayWipeV210, a, b, dst, 1, 14, 3, 100, progress), 0u);
     b.pitch = 128;
-    std::vector<uint8_t> plane(3 * 42 + kZrfxPlaneTail, 0);
+    std::vector<uint8_t> plane(3 * 42 + kPlaneTail, 0);
     for (uint32_t y = 0; y < 3; ++y) ExpandV210Row_C((progress ? b : a).row(y), &plane[y * 42], 14);
     for (uint32_t y = 0; y < 3; ++y) {
       uint8_t want[48];
