@@ -2,6 +2,7 @@
 // the picture through the front door.
 #include <gtest/gtest.h>
 
+#include <string>
 #include <vector>
 
 #include "common/test_random.h"
@@ -27,28 +28,33 @@ bool ListedAsDissolve(uint32_t n) {
   return false;
 }
 
+// The table's effect for a number, or null when the number is neither in
+// the table nor listed as a dissolve.
 zrfxEffectFn* Expected(uint32_t n) {
-  static constexpr zrfxEffectFn* kFirst[] = {nullptr,
-                                             zrfxSMPTE_Horizontal,
-                                             zrfxSMPTE_Vertical,
-                                             zrfxSMPTE_TopLeft,
-                                             zrfxSMPTE_TopRight,
-                                             zrfxSMPTE_BottomRight,
-                                             zrfxSMPTE_BottomLeft,
-                                             zrfxSMPTE_FourCorners,
-                                             zrfxSMPTE_FourSquare};
   if (n == 0 || n > 515 || ListedAsDissolve(n)) return zrfxDISSOLVE;
-  if (n <= 8) return kFirst[n];
-  if (n >= 21 && n <= 26) {
-    static constexpr zrfxEffectFn* kDoors[] = {zrfxSMPTE_BarnDoorVertical, zrfxSMPTE_BarnDoorHorizontal,
-                                               zrfxSMPTE_TopCenter,        zrfxSMPTE_RightCenter,
-                                               zrfxSMPTE_BottomCenter,     zrfxSMPTE_LeftCenter};
-    return kDoors[n - 21];
+  for (const zr::fx::WipeRange& range : zr::fx::kWipeTable)
+    if (n >= range.first && n <= range.last) return range.effect;
+  return nullptr;
+}
+
+// Each row names the effect that it plays.
+TEST(WipeTable, RowsNameTheirEffect) {
+  for (const zr::fx::WipeRange& range : zr::fx::kWipeTable) {
+    const std::string name = range.name;
+    if (range.effect == zrfxSLIDE_Basic) {
+      EXPECT_EQ(name, "zrfxSLIDE_Basic");
+      continue;
+    }
+    bool found = false;
+    for (const auto& member : zr::test::kWipeMembers)
+      if (member.effect == range.effect) {
+        found = true;
+        EXPECT_EQ(name, std::string("zrfxSMPTE_") + member.name) << "row " << range.first;
+      }
+    EXPECT_TRUE(found) << "row " << range.first;
   }
-  if ((n >= 41 && n <= 48) || (n >= 61 && n <= 68) || (n >= 71 && n <= 74) || n == 101)
-    return zrfxSMPTE_Rectangle;
-  if (n >= 500) return zrfxSLIDE_Basic;
-  return zrfxSMPTE_Horizontal;  // the patterns that are not drawn
+  EXPECT_EQ(zr::fx::kWipeDefault.effect, zrfxDISSOLVE);
+  EXPECT_STREQ(zr::fx::kWipeDefault.name, "zrfxDISSOLVE");
 }
 
 TEST(WipeTable, EveryNumberPlaysItsEffectWhateverTheReverseFlag) {
