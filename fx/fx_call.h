@@ -5,8 +5,8 @@
 
 #include <cstdint>
 
-#include "fx/int_divide.h"
 #include "fx/source_rows.h"
+#include "platform/int_divide.h"
 #include "zrfx.h"
 
 namespace zr::fx {
@@ -38,7 +38,9 @@ struct FxCall {
   // (n * progress) / (progressEnd - progressStart): the product wraps at 2^32,
   // the quotient truncates, and progressStart counts only through the span.
   // Hosts rely on all three; keep them. A zero span divides by zero.
-  uint32_t Scaled(uint32_t n) const { return DivideOrFault(n * progress, progressEnd - progressStart); }
+  uint32_t Scaled(uint32_t n) const {
+    return platform::DivideOrFault(n * progress, progressEnd - progressStart);
+  }
 
   // Bit 31 of wipeCode exchanges the two pictures: then srcA comes in.
   bool Reversed() const { return (wipeCode >> 31) != 0; }

@@ -11,13 +11,13 @@
 
 #include "common/test_random.h"
 #include "fx/fx_call.h"
-#include "fx/int_divide.h"
+#include "platform/int_divide.h"
 #include "wipe_model.h"
 #include "zrfx.h"
 
 namespace {
 
-using zr::fx::DivideOrFault;
+using zr::platform::DivideOrFault;
 
 TEST(IntDivide, NonZeroDivisorsDivideAsUnsigned) {
   zr::test::Rng r(99);
