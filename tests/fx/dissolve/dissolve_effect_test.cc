@@ -25,7 +25,7 @@ using test::TestPicture;
 DissolveRowFn PlainRowFor(const FxFormatInfo& info) {
   return info.BytesPerSample() == 1   ? DissolveRow8_C
          : info.BytesPerSample() == 2 ? DissolveRow16_C
-                                    : DissolveRowF32_C;
+                                      : DissolveRowF32_C;
 }
 
 // The band of `dst` pixel by pixel: bit 31 of the wipe code makes srcA the
