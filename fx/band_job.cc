@@ -2,14 +2,15 @@
 
 #include <new>
 
+namespace zr::fx {
 namespace {
 
 std::atomic<int> gLiveBlocks{0};
 
 }  // namespace
 
-zrfxBandJobBlock* zrfxBandJobBlock::Create(zr::fx::SharedScratch* shared) {
-  auto* block = new (std::nothrow) zrfxBandJobBlock;
+BandJobBlock* BandJobBlock::Create(SharedScratch* shared) {
+  auto* block = new (std::nothrow) BandJobBlock;
   if (!block) return nullptr;
   gLiveBlocks.fetch_add(1, std::memory_order_relaxed);
   if (shared) shared->AddRef();
@@ -17,26 +18,28 @@ zrfxBandJobBlock* zrfxBandJobBlock::Create(zr::fx::SharedScratch* shared) {
   return block;
 }
 
-void zrfxBandJobBlock::AddRef() { mRefs.fetch_add(1, std::memory_order_relaxed); }
+void BandJobBlock::AddRef() { mRefs.fetch_add(1, std::memory_order_relaxed); }
 
-void zrfxBandJobBlock::Release() {
+void BandJobBlock::Release() {
   if (mRefs.fetch_sub(1, std::memory_order_acq_rel) != 1) return;
   if (mShared) mShared->Release();
   delete this;
   gLiveBlocks.fetch_sub(1, std::memory_order_release);
 }
 
-void zrfxBandJobBlock::SignalDone() {
+void BandJobBlock::SignalDone() {
   // Under the lock, so that a driver between its test of the count and its
   // wait cannot miss the wake-up.
   std::lock_guard<std::mutex> lock(mLock);
   mDone.notify_all();
 }
 
-void zrfxBandJobBlock::WaitDone(std::chrono::milliseconds bound) {
+void BandJobBlock::WaitDone(std::chrono::milliseconds bound) {
   const auto deadline = std::chrono::steady_clock::now() + bound;
   std::unique_lock<std::mutex> lock(mLock);
   mDone.wait_until(lock, deadline, [this] { return zrOSInterlockedRead(&mPendingCount) == 0; });
 }
 
-int zrfxBandJobBlock::LiveBlocks() { return gLiveBlocks.load(std::memory_order_acquire); }
+int BandJobBlock::LiveBlocks() { return gLiveBlocks.load(std::memory_order_acquire); }
+
+}  // namespace zr::fx

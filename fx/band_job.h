@@ -13,33 +13,37 @@
 #include "platform/zrutil.h"
 #include "zrfx.h"
 
-class zrfxBandJobBlock;
+namespace zr::fx {
+class BandJobBlock;
+}
 
 // One worker's record: the effect call with the worker's own band, the
 // effect, the worker thread, and the count that the worker steps down.
 struct zrfxBandJob {
   zr::fx::FxCall call;
-  zrfxEffectFn effect;
+  zrfxEffectFn* effect;
   ZrHandle thread;
   unsigned long threadId;
   volatile int* pendingCount;
   // The block that holds this record, or null for a record its caller keeps
   // alive until the worker is through.
-  zrfxBandJobBlock* block;
+  zr::fx::BandJobBlock* block;
 };
+
+namespace zr::fx {
 
 // The jobs and count of one driver call. The driver holds one reference and
 // each started worker another, and the last to let go frees the block: the
 // driver's wait is bounded, and a worker that outlives it must still find
 // its record and count in live memory.
-class zrfxBandJobBlock {
+class BandJobBlock {
  public:
   static constexpr int kJobs = 4;
 
   // Null when no memory is to be had. The caller holds the first reference.
   // `shared`, when set, is scratch memory that the effect writes: the block
   // holds a reference to it until the block itself is freed.
-  static zrfxBandJobBlock* Create(zr::fx::SharedScratch* shared);
+  static BandJobBlock* Create(SharedScratch* shared);
   void AddRef();
   void Release();
 
@@ -57,13 +61,15 @@ class zrfxBandJobBlock {
   volatile int mPendingCount = 0;
 
  private:
-  zrfxBandJobBlock() = default;
-  ~zrfxBandJobBlock() = default;
+  BandJobBlock() = default;
+  ~BandJobBlock() = default;
 
   std::atomic<int> mRefs{1};
-  zr::fx::SharedScratch* mShared = nullptr;
+  SharedScratch* mShared = nullptr;
   std::mutex mLock;
   std::condition_variable mDone;
 };
+
+}  // namespace zr::fx
 
 #endif

@@ -5,8 +5,8 @@
 
 #include <cstdint>
 
-#include "fx/int_divide.h"
 #include "fx/source_rows.h"
+#include "platform/int_divide.h"
 #include "zrfx.h"
 
 namespace zr::fx {
@@ -38,7 +38,9 @@ struct FxCall {
   // (n * progress) / (progressEnd - progressStart): the product wraps at 2^32,
   // the quotient truncates, and progressStart counts only through the span.
   // Hosts rely on all three; keep them. A zero span divides by zero.
-  uint32_t Scaled(uint32_t n) const { return DivideOrFault(n * progress, progressEnd - progressStart); }
+  uint32_t Scaled(uint32_t n) const {
+    return platform::DivideOrFault(n * progress, progressEnd - progressStart);
+  }
 
   // Bit 31 of wipeCode exchanges the two pictures: then srcA comes in.
   bool Reversed() const { return (wipeCode >> 31) != 0; }
@@ -72,6 +74,15 @@ struct FxPictures {
                   wipeCode,    format,      width,       height,        fxReserved0, fxReserved1, \
                   fxReserved2, fxReserved3, fxReserved4, progressStart, progressEnd, progress,    \
                   bandLeft,    bandRight,   bandTop,     bandBottom})
+
+// The front door's 18 arguments, in order.
+#define ZRFX_FRONT_DOOR_VALUES                                                                          \
+  srcA, pitchA, srcB, pitchB, dst, dstPitch, wipeCode, format, width, height, fxReserved0, fxReserved1, \
+      fxReserved2, fxReserved3, fxReserved4, progressStart, progressEnd, progress
+
+// Inside a function with the front door's arguments: those arguments as an
+// FxCall. The band is left empty; the driver gives each worker its own.
+#define ZRFX_FRONT_DOOR_RECORD (zr::fx::FxCall{ZRFX_FRONT_DOOR_VALUES, 0, 0, 0, 0})
 
 // The 22 effect arguments held by an FxCall, in order.
 #define ZRFX_CALL_VALUES(c)                                                                               \

@@ -9,6 +9,14 @@
 
 ZR_EXTERN_C_BEGIN
 
+/* The 22 arguments of every effect, in order. */
+#define ZRFX_EFFECT_ARGS                                                                           \
+  uint8_t *srcA, uint32_t pitchA, uint8_t *srcB, uint32_t pitchB, uint8_t *dst, uint32_t dstPitch, \
+      uint32_t wipeCode, uint32_t format, uint32_t width, uint32_t height, uint32_t fxReserved0,   \
+      uint32_t fxReserved1, uint32_t fxReserved2, uint32_t fxReserved3, uint32_t fxReserved4,      \
+      uint32_t progressStart, uint32_t progressEnd, uint32_t progress, uint32_t bandLeft,          \
+      uint32_t bandRight, uint32_t bandTop, uint32_t bandBottom
+
 /* Every effect: two sources, one output, a progress value and the band of
    the picture that this call writes. Returns 0.
    Bits 0 to 30 of wipeCode hold the wipe number; bit 31 makes srcA the
@@ -16,20 +24,7 @@ ZR_EXTERN_C_BEGIN
    is carried through and never read. Lengths on the picture are
    (size * progress) / (progressEnd - progressStart) in unsigned 32-bit
    arithmetic; progressEnd equal to progressStart is a division by zero. */
-typedef uint32_t (*zrfxEffectFn)(uint8_t* srcA, uint32_t pitchA, uint8_t* srcB, uint32_t pitchB, uint8_t* dst,
-                                 uint32_t dstPitch, uint32_t wipeCode, uint32_t format, uint32_t width,
-                                 uint32_t height, uint32_t fxReserved0, uint32_t fxReserved1,
-                                 uint32_t fxReserved2, uint32_t fxReserved3, uint32_t fxReserved4,
-                                 uint32_t progressStart, uint32_t progressEnd, uint32_t progress,
-                                 uint32_t bandLeft, uint32_t bandRight, uint32_t bandTop,
-                                 uint32_t bandBottom);
-
-#define ZRFX_EFFECT_ARGS                                                                           \
-  uint8_t *srcA, uint32_t pitchA, uint8_t *srcB, uint32_t pitchB, uint8_t *dst, uint32_t dstPitch, \
-      uint32_t wipeCode, uint32_t format, uint32_t width, uint32_t height, uint32_t fxReserved0,   \
-      uint32_t fxReserved1, uint32_t fxReserved2, uint32_t fxReserved3, uint32_t fxReserved4,      \
-      uint32_t progressStart, uint32_t progressEnd, uint32_t progress, uint32_t bandLeft,          \
-      uint32_t bandRight, uint32_t bandTop, uint32_t bandBottom
+typedef uint32_t zrfxEffectFn(ZRFX_EFFECT_ARGS);
 
 /* The front door: the first 18 effect arguments. ZrDraw_DisplayWipe plays
    the wipe number on four worker threads and returns when they are done
@@ -46,9 +41,12 @@ ZR_EXPORT uint32_t ZrDraw_DisplayWipeV210(ZRFX_FRONT_DOOR_ARGS);
 
 /* Runs `effect` on four new threads, one per quadrant; the four band
    arguments passed in are not read. */
-ZR_EXPORT uint32_t ZrDraw_FXMultiThread(ZRFX_EFFECT_ARGS, zrfxEffectFn effect);
-/* Thread entry of one band: takes the band's job record. */
-ZR_EXPORT uint32_t zrfxFXThread(void* job);
+ZR_EXPORT uint32_t ZrDraw_FXMultiThread(ZRFX_EFFECT_ARGS, zrfxEffectFn* effect);
+/* One worker's record: the effect arguments with the worker's own band,
+   the effect, the thread and the driver's completion count. */
+typedef struct zrfxBandJob zrfxBandJob;
+/* Thread entry of one band: runs the job's effect and counts it done. */
+ZR_EXPORT uint32_t zrfxFXThread(zrfxBandJob* job);
 
 ZR_EXPORT uint32_t zrfxSMPTE_Horizontal(ZRFX_EFFECT_ARGS);
 ZR_EXPORT uint32_t zrfxSMPTE_Vertical(ZRFX_EFFECT_ARGS);

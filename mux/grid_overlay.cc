@@ -3,8 +3,8 @@
 #include <csignal>
 #include <cstring>
 
-#include "fx/int_divide.h"
 #include "mux/mux_call.h"
+#include "platform/int_divide.h"
 
 namespace zr::mux {
 namespace {
@@ -15,7 +15,7 @@ constexpr uint32_t kGridWord = 0xBFBFBFBF;
 // its column walk would never end, it faults as an x86-64 integer division by
 // zero does, in both builds. Returns only if a host's signal handler does.
 [[gnu::cold]] void FaultOnZeroStep() {
-  fx::DivideOrFault(1, 0);  // the processor's own fault on x86-64
+  platform::DivideOrFault(1, 0);  // the processor's own fault on x86-64
 #if !defined(__x86_64__)
   std::raise(SIGFPE);  // arm64 divides by zero quietly: fault on purpose
 #endif

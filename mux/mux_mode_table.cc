@@ -1,4 +1,8 @@
 // The mode numbers of the flag word and the mode each one runs.
+#include <cstddef>
+#include <iterator>
+
+#include "mux/mux_mode_names.h"
 #include "mux/mux_modes.h"
 #include "zrmux.h"
 
@@ -33,6 +37,21 @@ static constexpr MuxModeEntry kMuxModes[] = {
     {MUX_CROP_PAIR, MuxCropPair},
     {MUX_CHANNEL_VIEW, MuxChannelView},
 };
+
+// Each named mode but the default has its function here, and nothing else
+// has: the names and the functions are two mappings of one set of modes.
+constexpr bool EveryNamedModeRuns() {
+  size_t named = 0;
+  for (const MuxName& name : kMuxModeNames) {
+    if (name.value == MUX_DEFAULT) continue;
+    ++named;
+    bool found = false;
+    for (const MuxModeEntry& entry : kMuxModes) found = found || entry.mode == name.value;
+    if (!found) return false;
+  }
+  return named == std::size(kMuxModes);
+}
+static_assert(EveryNamedModeRuns());
 
 }  // namespace
 

@@ -17,7 +17,7 @@ namespace {
 struct WipeCase {
   const char* name;
   uint32_t number;
-  zrfxEffectFn effect;
+  zrfxEffectFn* effect;
 };
 
 constexpr WipeCase kWipes[] = {

@@ -2,27 +2,27 @@
 
 namespace zr::fx {
 
-bool zrfxBeginAdapter(uint32_t width, uint32_t height, zrfxAdapterCall& call) {
+bool BeginAdapter(uint32_t width, uint32_t height, AdapterCall& call) {
   call.self = zrOSGetCurrentThread();
   call.priority = zrOSGetThreadPriority(call.self);
-  zrOSSetThreadPriority(call.self, kZrfxAdapterPriority);
+  zrOSSetThreadPriority(call.self, kAdapterPriority);
   void* block;
   try {
-    block = zrfxAllocScratch(width, height);
+    block = AllocScratch(width, height);
   } catch (...) {
     return false;
   }
   if (!block) {
-    ErrOut("%s", kZrfxNoMemoryText);
+    ErrOut("%s", kNoMemoryText);
     zrOSSetThreadPriority(call.self, call.priority);
     return false;
   }
-  call.planes = zrfxLayScratch(block, width, height);
-  call.scratch = SharedScratch::Adopt(block, zrfxScratchBytes(width, height));
+  call.planes = LayScratch(block, width, height);
+  call.scratch = SharedScratch::Adopt(block, ScratchBytes(width, height));
   return true;
 }
 
-void zrfxEndAdapter(zrfxAdapterCall& call) {
+void EndAdapter(AdapterCall& call) {
   call.scratch->Release();
   zrOSSetThreadPriority(call.self, call.priority);
 }

@@ -11,10 +11,10 @@
 
 namespace zr::fx {
 
-struct zrfxAdapterCall {
+struct AdapterCall {
   ZrHandle self;
   int priority;  // the caller's, restored at the end
-  zrfxScratchPlanes planes;
+  ScratchPlanes planes;
   SharedScratch* scratch;
 };
 
@@ -23,11 +23,11 @@ struct zrfxAdapterCall {
 // after a null block the failure is logged and the priority restored; after
 // an exception from the allocator nothing is logged and the thread stays at
 // 15. Hosts have always seen the two so; keep the difference.
-bool zrfxBeginAdapter(uint32_t width, uint32_t height, zrfxAdapterCall& call);
+bool BeginAdapter(uint32_t width, uint32_t height, AdapterCall& call);
 
 // Lets go of the scratch (a late worker may still hold it) and restores the
 // caller's priority.
-void zrfxEndAdapter(zrfxAdapterCall& call);
+void EndAdapter(AdapterCall& call);
 
 }  // namespace zr::fx
 

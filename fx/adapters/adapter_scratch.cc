@@ -16,22 +16,22 @@ uint64_t RoundUp(uint64_t n) { return (n + kPlaneAlign - 1) / kPlaneAlign * kPla
 
 }  // namespace
 
-uint32_t zrfxScratchBytes(uint32_t width, uint32_t height) { return width * height * 9 + kSpareBytes; }
+uint32_t ScratchBytes(uint32_t width, uint32_t height) { return width * height * 9 + kSpareBytes; }
 
-void* zrfxAllocScratch(uint32_t width, uint32_t height) {
+void* AllocScratch(uint32_t width, uint32_t height) {
   // A wrapped size would leave the planes running past the block.
   if (uint64_t{width} * height * 9 + kSpareBytes > UINT32_MAX) return nullptr;
-  return ZrAlloc(zrfxScratchBytes(width, height));
+  return ZrAlloc(ScratchBytes(width, height));
 }
 
-zrfxScratchPlanes zrfxLayScratch(void* block, uint32_t width, uint32_t height) {
+ScratchPlanes LayScratch(void* block, uint32_t width, uint32_t height) {
   auto* const base = static_cast<uint8_t*>(block);
   const uint64_t address = reinterpret_cast<uintptr_t>(base);
   uint8_t* const planeA = base + (RoundUp(address) - address);
   const uint32_t planeBytes = width * height * 3;
   const size_t plane = RoundUp(planeBytes);
-  const zrfxScratchPlanes planes{planeA, planeA + plane, planeA + 2 * plane};
-  std::memset(planes.planeOut + planeBytes, 0, kZrfxPlaneTail);
+  const ScratchPlanes planes{planeA, planeA + plane, planeA + 2 * plane};
+  std::memset(planes.planeOut + planeBytes, 0, kPlaneTail);
   return planes;
 }
 

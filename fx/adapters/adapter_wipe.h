@@ -2,29 +2,25 @@
 #ifndef ZR_FX_ADAPTERS_ADAPTER_WIPE_H
 #define ZR_FX_ADAPTERS_ADAPTER_WIPE_H
 
-#include <cstdint>
-
 #include "fx/adapters/adapter_scratch.h"
-#include "fx/shared_scratch.h"
+#include "fx/fx_call.h"
 
 namespace zr::fx {
 
-// The caller's wipe arguments that go to the front door unchanged.
-struct zrfxWipeArgs {
-  uint32_t wipeCode;
-  uint32_t width;
-  uint32_t height;
-  uint32_t fxReserved[5];
-  uint32_t progressStart;
-  uint32_t progressEnd;
-  uint32_t progress;
-};
-
-// Runs the wipe front door from planes A and B into plane out, as format 33
-// with pitches of width * 3. The driver's workers share `scratch`, the block
-// that holds the planes: one that outlives the driver's bounded wait keeps
-// the block alive until it is through.
-void zrfxWipePlanes(const zrfxScratchPlanes& planes, const zrfxWipeArgs& args, SharedScratch* scratch);
+// The caller's call with planes A, B and out in place of its pictures, as
+// format 33 with all three pitches width * 3. Everything else goes to the
+// wipe unchanged.
+inline FxCall OnPlanes(FxCall call, const ScratchPlanes& planes) {
+  const uint32_t pitch = call.width * 3;
+  call.srcA = planes.planeA;
+  call.pitchA = pitch;
+  call.srcB = planes.planeB;
+  call.pitchB = pitch;
+  call.dst = planes.planeOut;
+  call.dstPitch = pitch;
+  call.format = kPlaneFormat;
+  return call;
+}
 
 }  // namespace zr::fx
 

@@ -5,6 +5,8 @@
 #include "fx/adapters/adapter_wipe.h"
 #include "fx/adapters/v210_pitch.h"
 #include "fx/adapters/v210_rows.h"
+#include "fx/fx_call.h"
+#include "fx/run_bands.h"
 #include "fx/source_rows.h"
 #include "platform/zrutil.h"
 #include "zrfx.h"
@@ -14,34 +16,32 @@ using namespace zr::fx;
 // `format` is not read: the planes go to the wipe as format 33. Each of the
 // caller's pitches is raised to the smallest v210 row where it falls short.
 uint32_t ZrDraw_DisplayWipeV210(ZRFX_FRONT_DOOR_ARGS) {
-  (void)format;
-  pitchA = zrfxV210Pitch(pitchA, width);
-  pitchB = zrfxV210Pitch(pitchB, width);
-  dstPitch = zrfxV210Pitch(dstPitch, width);
+  FxCall call = ZRFX_FRONT_DOOR_RECORD;
+  call.pitchA = V210Pitch(call.pitchA, call.width);
+  call.pitchB = V210Pitch(call.pitchB, call.width);
+  call.dstPitch = V210Pitch(call.dstPitch, call.width);
 
-  zrfxAdapterCall call;
-  if (!zrfxBeginAdapter(width, height, call)) return 0xFFFFFFFFu;
-  const zrfxScratchPlanes& planes = call.planes;
-  const uint32_t planePitch = width * 3;
-  const zrfxWipeArgs wipe{
-      wipeCode,      width,       height,  {fxReserved0, fxReserved1, fxReserved2, fxReserved3, fxReserved4},
-      progressStart, progressEnd, progress};
+  AdapterCall adapter;
+  if (!BeginAdapter(call.width, call.height, adapter)) return 0xFFFFFFFFu;
+  const ScratchPlanes& planes = adapter.planes;
+  const uint32_t planePitch = call.width * 3;
 
   // Plane A whole, then plane B.
   const AdapterRowForm& rows = PickV210Rows();
-  for (uint32_t y = 0; y < height; ++y)
-    rows.expand(FxRow(srcA, y, pitchA), planes.planeA + size_t{y} * planePitch, width);
-  for (uint32_t y = 0; y < height; ++y)
-    rows.expand(FxRow(srcB, y, pitchB), planes.planeB + size_t{y} * planePitch, width);
+  for (uint32_t y = 0; y < call.height; ++y)
+    rows.expand(FxRow(call.srcA, y, call.pitchA), planes.planeA + size_t{y} * planePitch, call.width);
+  for (uint32_t y = 0; y < call.height; ++y)
+    rows.expand(FxRow(call.srcB, y, call.pitchB), planes.planeB + size_t{y} * planePitch, call.width);
 
   // No guard here, unlike the 4:2:2 adapter: an exception from the wipe goes
   // to the caller with the block held and the priority still raised. Hosts
-  // have always seen it so; keep it.
-  zrfxWipePlanes(planes, wipe, call.scratch);
+  // have always seen it so; keep it. The driver's workers share the block
+  // that holds the planes, so a late one keeps it alive until it is through.
+  DisplayWipe(OnPlanes(call, planes), adapter.scratch);
 
-  for (uint32_t y = 0; y < height; ++y)
-    rows.pack(planes.planeOut + size_t{y} * planePitch, FxRow(dst, y, dstPitch), width);
+  for (uint32_t y = 0; y < call.height; ++y)
+    rows.pack(planes.planeOut + size_t{y} * planePitch, FxRow(call.dst, y, call.dstPitch), call.width);
 
-  zrfxEndAdapter(call);
+  EndAdapter(adapter);
   return 0;
 }

@@ -3,6 +3,8 @@
 #include "fx/adapters/adapter_call.h"
 #include "fx/adapters/adapter_wipe.h"
 #include "fx/adapters/ycbcr422_rows.h"
+#include "fx/fx_call.h"
+#include "fx/run_bands.h"
 #include "fx/source_rows.h"
 #include "platform/zrutil.h"
 #include "zrfx.h"
@@ -12,32 +14,31 @@ using namespace zr::fx;
 // `format` is not read: the planes go to the wipe as format 33. The three
 // pitches are the caller's own, each for its picture.
 uint32_t ZrDraw_DisplayWipeYCbCr(ZRFX_FRONT_DOOR_ARGS) {
-  (void)format;
-  zrfxAdapterCall call;
-  if (!zrfxBeginAdapter(width, height, call)) return 0xFFFFFFFFu;
-  const zrfxScratchPlanes& planes = call.planes;
-  const uint32_t planePitch = width * 3;
-  const zrfxWipeArgs wipe{
-      wipeCode,      width,       height,  {fxReserved0, fxReserved1, fxReserved2, fxReserved3, fxReserved4},
-      progressStart, progressEnd, progress};
+  const FxCall call = ZRFX_FRONT_DOOR_RECORD;
+  AdapterCall adapter;
+  if (!BeginAdapter(call.width, call.height, adapter)) return 0xFFFFFFFFu;
+  const ScratchPlanes& planes = adapter.planes;
+  const uint32_t planePitch = call.width * 3;
 
   // Both planes a row at a time.
   const AdapterRowForm& rows = PickYCbCr422Rows();
-  for (uint32_t y = 0; y < height; ++y) {
-    rows.expand(FxRow(srcA, y, pitchA), planes.planeA + size_t{y} * planePitch, width);
-    rows.expand(FxRow(srcB, y, pitchB), planes.planeB + size_t{y} * planePitch, width);
+  for (uint32_t y = 0; y < call.height; ++y) {
+    rows.expand(FxRow(call.srcA, y, call.pitchA), planes.planeA + size_t{y} * planePitch, call.width);
+    rows.expand(FxRow(call.srcB, y, call.pitchB), planes.planeB + size_t{y} * planePitch, call.width);
   }
   try {
-    zrfxWipePlanes(planes, wipe, call.scratch);
+    // The driver's workers share the block that holds the planes: one that
+    // outlives the driver's bounded wait keeps it alive until it is through.
+    DisplayWipe(OnPlanes(call, planes), adapter.scratch);
   } catch (...) {
     // dst keeps its former picture and the caller sees success.
-    ErrOut("%s", kZrfxWipeExceptionText);
-    zrfxEndAdapter(call);
+    ErrOut("%s", kWipeExceptionText);
+    EndAdapter(adapter);
     return 0;
   }
-  for (uint32_t y = 0; y < height; ++y)
-    rows.pack(planes.planeOut + size_t{y} * planePitch, FxRow(dst, y, dstPitch), width);
+  for (uint32_t y = 0; y < call.height; ++y)
+    rows.pack(planes.planeOut + size_t{y} * planePitch, FxRow(call.dst, y, call.dstPitch), call.width);
 
-  zrfxEndAdapter(call);
+  EndAdapter(adapter);
   return 0;
 }

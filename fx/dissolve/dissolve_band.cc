@@ -48,24 +48,23 @@ DissolveRowFn VectorRow(const FxFormatInfo& format) {
 
 }  // namespace
 
-void zrfxDissolveBand(const FxFormatInfo& format, const zrfxSourceRoles& roles, uint8_t* dst,
-                      uint32_t dstPitch, uint32_t progressStart, uint32_t progressEnd, uint32_t progress,
-                      const zrfxBand& band) {
-  if (band.top >= band.bottom || band.left >= band.right) return;
-  const double t = zrfxDissolveRatio(progress, progressEnd - progressStart);
+void DissolveBand(const FxFormatInfo& format, const FxCall& c) {
+  if (c.BandEmpty()) return;
+  const double t = zrfxDissolveRatio(c.progress, c.progressEnd - c.progressStart);
   const double u = 1.0 - t;
 
   const size_t bytesPerPixel = format.bytesPerPixel;
-  const size_t first = band.left * bytesPerPixel;
-  const size_t bytes = (band.right - band.left) * bytesPerPixel;
-  const size_t samples = size_t{band.right - band.left} * format.samplesPerPixel;
+  const size_t first = c.bandLeft * bytesPerPixel;
+  const size_t bytes = (c.bandRight - c.bandLeft) * bytesPerPixel;
+  const size_t samples = size_t{c.bandRight - c.bandLeft} * format.samplesPerPixel;
   const DissolveRowFn plain = PlainRow(format);
-  const DissolveRowFn vector = band.right - band.left >= kVectorMinPixels ? VectorRow(format) : nullptr;
+  const DissolveRowFn vector = c.bandRight - c.bandLeft >= kVectorMinPixels ? VectorRow(format) : nullptr;
 
-  for (uint32_t y = band.top; y < band.bottom; ++y) {
-    const uint8_t* in = FxRow(roles.incoming, y, roles.incomingPitch) + first;
-    const uint8_t* out = FxRow(roles.outgoing, y, roles.outgoingPitch) + first;
-    uint8_t* row = FxRow(dst, y, dstPitch) + first;
+  const FxPictures p(c);
+  for (uint32_t y = c.bandTop; y < c.bandBottom; ++y) {
+    const uint8_t* in = FxRow(p.in, y, p.inPitch) + first;
+    const uint8_t* out = FxRow(p.out, y, p.outPitch) + first;
+    uint8_t* row = FxRow(p.dst, y, p.dstPitch) + first;
     const bool vectorOk = vector && !PartlyOverlaps(row, in, bytes) && !PartlyOverlaps(row, out, bytes);
     (vectorOk ? vector : plain)(in, out, row, samples, t, u);
   }

@@ -14,7 +14,7 @@ TEST(FrontDoor, NumbersAtTheBoundariesOfTheTable) {
   constexpr uint32_t kW = 21, kH = 9, kPitch = kW * 4;
   const struct {
     uint32_t code;
-    zrfxEffectFn effect;
+    zrfxEffectFn* effect;
   } cases[] = {
       // clang-format off
       {0, zrfxDISSOLVE}, {0x80000001u, zrfxSMPTE_Horizontal}, {8, zrfxSMPTE_FourSquare}, {9, zrfxDISSOLVE},

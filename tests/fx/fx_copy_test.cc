@@ -62,7 +62,8 @@ TEST(FxCopy, LargeFramesMatchThePerPixelModel) {
   Rng r(0x1A26E);
   r.Fill(a.data(), bytes);
   r.Fill(b.data(), bytes);
-  for (zrfxEffectFn effect : {zrfxSMPTE_TopRight, zrfxSMPTE_Vertical, zrfxSMPTE_Rectangle, zrfxSLIDE_Basic}) {
+  for (zrfxEffectFn* effect :
+       {zrfxSMPTE_TopRight, zrfxSMPTE_Vertical, zrfxSMPTE_Rectangle, zrfxSLIDE_Basic}) {
     r.Fill(d.data(), bytes);
     std::vector<uint8_t> want = d;
     const uint32_t pitch = effect == zrfxSLIDE_Basic ? kW * 4 : kPitch;

@@ -24,9 +24,9 @@ inline constexpr uint32_t kGroupFormats[6][2] = {{1, 4}, {5, 3}, {31, 6}, {32, 8
 // The driver stops waiting after 100 ms, so on a loaded machine a worker may
 // still be writing when it returns: wait until every worker has let go.
 inline void WaitForLateWorkers() {
-  for (int i = 0; i < 60000 && zrfxBandJobBlock::LiveBlocks() != 0; ++i)
+  for (int i = 0; i < 60000 && zr::fx::BandJobBlock::LiveBlocks() != 0; ++i)
     std::this_thread::sleep_for(std::chrono::milliseconds(1));
-  ASSERT_EQ(zrfxBandJobBlock::LiveBlocks(), 0) << "a worker never finished";
+  ASSERT_EQ(zr::fx::BandJobBlock::LiveBlocks(), 0) << "a worker never finished";
 }
 
 // srcA, srcB and dst, `bytes` each, seeded.
@@ -45,7 +45,7 @@ struct Frames {
 };
 
 // Runs `c` as one band on this thread, or on the driver, which sets the bands.
-inline uint32_t Run(zrfxEffectFn effect, const fx::FxCall& c, bool driver = false) {
+inline uint32_t Run(zrfxEffectFn* effect, const fx::FxCall& c, bool driver = false) {
   if (!driver) return effect(ZRFX_CALL_VALUES(c));
   const uint32_t result = ZrDraw_FXMultiThread(ZRFX_CALL_VALUES(c), effect);
   WaitForLateWorkers();
@@ -65,7 +65,7 @@ inline uint32_t RunFrontDoor(const fx::FxCall& c) {
 // Runs the whole-picture call `c` on `f`, then again from the same dst over
 // a random band, which may be empty or inverted: the band's pixels must come
 // out as the whole picture's and every other byte stay as it was.
-inline void ExpectBandWritesItsPixels(zrfxEffectFn effect, Frames& f, fx::FxCall c, uint32_t bpp, Rng& r) {
+inline void ExpectBandWritesItsPixels(zrfxEffectFn* effect, Frames& f, fx::FxCall c, uint32_t bpp, Rng& r) {
   const std::vector<uint8_t> before = f.d;
   Run(effect, c);
   const std::vector<uint8_t> whole = f.d;

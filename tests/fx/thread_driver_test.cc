@@ -107,15 +107,14 @@ TEST(ThreadDriver, GivesUpAfterTheBoundAndTheLateWorkerKeepsItsMemory) {
   uint8_t *a = block, *b = block + kPitch * kH, *d = b + kPitch * kH;
   std::memset(a, 0xAA, kPitch * kH), std::memset(b, 0xBB, kPitch * kH), std::memset(d, 0, kPitch * kH);
   zr::fx::SharedScratch* scratch = zr::fx::SharedScratch::Adopt(block, kBytes);
-  const int live = zrfxBandJobBlock::LiveBlocks();
+  const int live = zr::fx::BandJobBlock::LiveBlocks();
   gRelease = false;
   gOthersDone = 0;
   const auto start = Clock::now();
-  EXPECT_EQ(zr::fx::RunBands(a, kPitch, b, kPitch, d, kPitch, 0, 1, kW, kH, 0, 0, 0, 0, 0, 0, 1, 1, 0, 0, 0,
-                             0, HeldHorizontal, scratch),
-            0u);
+  const zr::fx::FxCall call{a, kPitch, b, kPitch, d, kPitch, 0, 1, kW, kH, 0, 0, 0, 0, 0, 0, 1, 1, 0, 0, 0, 0};
+  EXPECT_EQ(zr::fx::RunBands(call, HeldHorizontal, scratch), 0u);
   EXPECT_GE(Clock::now() - start, std::chrono::milliseconds(99));
-  EXPECT_EQ(zrfxBandJobBlock::LiveBlocks(), live + 1) << "the late worker holds its record";
+  EXPECT_EQ(zr::fx::BandJobBlock::LiveBlocks(), live + 1) << "the late worker holds its record";
   ASSERT_TRUE(WaitFor([] { return gOthersDone.load() == 3; }, 10000));
   // Each worker writes only its own quarter.
   for (uint32_t i = 0; i < kW * kH; ++i)
@@ -131,7 +130,7 @@ TEST(ThreadDriver, GivesUpAfterTheBoundAndTheLateWorkerKeepsItsMemory) {
 TEST(ThreadDriver, SlideAndVerticalOnOnePixelFramesMatchOneBand) {
   const uint32_t sizes[][2] = {{1, 1}, {1, 9}, {9, 1}, {0, 3}};
   for (const auto& [w, h] : sizes)
-    for (zrfxEffectFn effect : {zrfxSLIDE_Basic, zrfxSMPTE_Vertical})
+    for (zrfxEffectFn* effect : {zrfxSLIDE_Basic, zrfxSMPTE_Vertical})
       for (uint32_t code : {500u, 501u, 502u, 503u}) {
         zr::test::Frames oneBand(64 + w * 8 * h, code), driver = oneBand;
         zr::test::Run(effect, oneBand.Call(w * 8, code, 32, w, h, 10, 3));

@@ -12,7 +12,7 @@ constexpr uint32_t kW = 37, kH = 23, kSpan = 65536;
 constexpr uint32_t kProgress[] = {0, 1000, 21845, 32768, 65535, 65536, 70000};
 
 struct Golden {
-  zrfxEffectFn effect;
+  zrfxEffectFn* effect;
   uint32_t crc[6];  // by zr::test::kGroupFormats
 };
 
@@ -40,7 +40,7 @@ constexpr Golden kGolden[] = {
 // CRC of the outputs at each progress step, each step on fresh inputs in
 // rows with 5 bytes of padding; the wipes alternate the reverse flag, the
 // slide (packed rows) walks its four directions.
-uint32_t Checksum(zrfxEffectFn effect, uint32_t format, uint32_t bpp, bool driver) {
+uint32_t Checksum(zrfxEffectFn* effect, uint32_t format, uint32_t bpp, bool driver) {
   const bool slide = effect == zrfxSLIDE_Basic;
   const uint32_t pitch = kW * bpp + (slide ? 0 : 5);
   const size_t bytes = size_t{pitch} * kH;

@@ -61,7 +61,7 @@ uint32_t Scale(uint32_t n, const fx::FxCall& c) {
 
 }  // namespace
 
-bool ModelTakesIncoming(zrfxEffectFn e, uint32_t x, uint32_t y, const fx::FxCall& c) {
+bool ModelTakesIncoming(zrfxEffectFn* e, uint32_t x, uint32_t y, const fx::FxCall& c) {
   const uint32_t w = c.width, h = c.height;
   const uint32_t sW = Scale(w, c), sH = Scale(h, c);
   const uint32_t hW = Scale(w >> 1, c), hH = Scale(h >> 1, c);
@@ -116,7 +116,7 @@ void ModelSlide(const fx::FxCall& c) {
 
 }  // namespace
 
-void ModelEffect(zrfxEffectFn effect, const fx::FxCall& c) {
+void ModelEffect(zrfxEffectFn* effect, const fx::FxCall& c) {
   if (effect == zrfxSLIDE_Basic) return ModelSlide(c);
   const uint32_t bpp = ModelBytesPerPixel(c.format);
   if (bpp == 0) return;

@@ -13,7 +13,7 @@ namespace zr::test {
 
 struct WipeMember {
   const char* name;
-  zrfxEffectFn effect;
+  zrfxEffectFn* effect;
 };
 
 // The fourteen per-pixel wipes, zrfxSMPTE_Vertical and zrfxSLIDE_Basic.
@@ -24,10 +24,10 @@ uint32_t ModelBytesPerPixel(uint32_t format);
 
 // True when the member puts `incoming` at (x, y). Lengths as in the call;
 // a zero span gives lengths of 0 (the arm64 reading).
-bool ModelTakesIncoming(zrfxEffectFn effect, uint32_t x, uint32_t y, const fx::FxCall& c);
+bool ModelTakesIncoming(zrfxEffectFn* effect, uint32_t x, uint32_t y, const fx::FxCall& c);
 
 // Writes into c.dst what the effect writes, pixel by pixel.
-void ModelEffect(zrfxEffectFn effect, const fx::FxCall& c);
+void ModelEffect(zrfxEffectFn* effect, const fx::FxCall& c);
 
 }  // namespace zr::test
 

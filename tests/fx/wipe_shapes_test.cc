@@ -12,7 +12,7 @@
 namespace {
 
 // '#' fills the incoming picture and '.' the outgoing one; dst starts as '?'.
-std::string Render(zrfxEffectFn effect, uint32_t w, uint32_t h, uint32_t span, uint32_t progress,
+std::string Render(zrfxEffectFn* effect, uint32_t w, uint32_t h, uint32_t span, uint32_t progress,
                    uint32_t format, uint32_t bpp, bool reversed, bool driver) {
   zr::test::Frames f(w * h * bpp, 0);
   std::fill(f.a.begin(), f.a.end(), reversed ? '#' : '.'),
@@ -28,7 +28,7 @@ std::string Render(zrfxEffectFn effect, uint32_t w, uint32_t h, uint32_t span, u
   return picture;
 }
 
-void ExpectShape(zrfxEffectFn effect, uint32_t w, uint32_t h, uint32_t span, uint32_t progress,
+void ExpectShape(zrfxEffectFn* effect, uint32_t w, uint32_t h, uint32_t span, uint32_t progress,
                  std::string want) {
   if (want.size() == 1) {
     const std::string row(w, want[0]);
@@ -47,7 +47,7 @@ void ExpectShape(zrfxEffectFn effect, uint32_t w, uint32_t h, uint32_t span, uin
 // columns that each comparison's strictness decides, and the wraps past the
 // end, where the bottom right and the rectangle fall back to `outgoing`.
 struct Steps {
-  zrfxEffectFn effect;
+  zrfxEffectFn* effect;
   const char* at[4];
 };
 
@@ -80,7 +80,7 @@ const Steps kTenBySix[] = {
 
 // Odd and one-pixel sizes, and a product that wraps at 2^32.
 const struct {
-  zrfxEffectFn effect;
+  zrfxEffectFn* effect;
   uint32_t width, height, span, progress;
   const char* picture;
 } kOddSizes[] = {

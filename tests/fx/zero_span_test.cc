@@ -16,7 +16,7 @@ constexpr uint32_t kW = 12, kH = 6, kPitch = kW * 4;
 
 // All but the edges from the left and the top divide before they test the band.
 // clang-format off
-constexpr zrfxEffectFn kDivideFirst[] = {
+constexpr zrfxEffectFn* kDivideFirst[] = {
     zrfxSMPTE_BarnDoorVertical, zrfxSMPTE_BarnDoorHorizontal, zrfxSMPTE_TopLeft, zrfxSMPTE_TopRight,
     zrfxSMPTE_BottomRight, zrfxSMPTE_BottomLeft, zrfxSMPTE_FourCorners, zrfxSMPTE_FourSquare, zrfxSMPTE_TopCenter,
     zrfxSMPTE_RightCenter, zrfxSMPTE_BottomCenter, zrfxSMPTE_LeftCenter, zrfxSMPTE_Rectangle, zrfxSLIDE_Basic};
@@ -37,13 +37,13 @@ TEST(ZeroSpan, MembersThatTestFirstPassSilently) {
   zr::test::Frames f(kPitch * kH, 3);
   const auto before = f.d;
   const struct {
-    zrfxEffectFn effect;
+    zrfxEffectFn* effect;
     uint32_t code, h, left, top, bottom;
   } cases[] = {{zrfxSMPTE_Horizontal, 0, kH, 0, 4, 4}, {zrfxSMPTE_Vertical, 0, kH, 0, 5, 2},
                {zrfxSMPTE_Vertical, 0, kH, 1, 0, kH},  {zrfxSLIDE_Basic, 500, kH, 1, 0, kH},
                {zrfxSLIDE_Basic, 508, kH, 0, 0, kH},   {zrfxSLIDE_Basic, 501, 0, 0, 0, kH}};
   for (const auto& c : cases) zr::test::Run(c.effect, ZeroSpan(f, c.code, 1, c.h, c.left, c.top, c.bottom));
-  for (zrfxEffectFn effect : kDivideFirst)
+  for (zrfxEffectFn* effect : kDivideFirst)
     if (effect != zrfxSLIDE_Basic) zr::test::Run(effect, ZeroSpan(f, 0, 7, kH, 0, 0, kH));
   EXPECT_EQ(f.d, before);
 }
@@ -61,7 +61,7 @@ void ReportFaultAndExit(int, siginfo_t* info, void*) {
   _exit(3);
 }
 
-void CallWithFaultReporter(zrfxEffectFn effect, const zr::fx::FxCall& c, bool frontDoor) {
+void CallWithFaultReporter(zrfxEffectFn* effect, const zr::fx::FxCall& c, bool frontDoor) {
   struct sigaction sa = {};
   sa.sa_sigaction = ReportFaultAndExit;
   sa.sa_flags = SA_SIGINFO;
@@ -79,7 +79,7 @@ TEST(ZeroSpanDeathTest, FaultsWhereTheDivisionIs) {
   zr::test::Frames f(kPitch * kH, 1);
   EXPECT_EXIT(CallWithFaultReporter(nullptr, ZeroSpan(f, 3, 1, kH, 0, 0, kH), true),
               testing::ExitedWithCode(3), "SIGFPE FPE_INTDIV on dffx");
-  for (zrfxEffectFn effect : kDivideFirst)
+  for (zrfxEffectFn* effect : kDivideFirst)
     for (uint32_t code : {500u, 501u}) {
       if (effect != zrfxSLIDE_Basic && code == 501) continue;
       EXPECT_EXIT(CallWithFaultReporter(effect, ZeroSpan(f, code, 1, kH, 0, 0, 0), false),
@@ -92,7 +92,7 @@ TEST(ZeroSpanDeathTest, FaultsWhereTheDivisionIs) {
 
 // Every scaled length reads as 0, so each member shows its progress-0 shape.
 TEST(ZeroSpan, EveryMemberActsAsAtProgressZero) {
-  for (zrfxEffectFn effect : kDivideFirst)
+  for (zrfxEffectFn* effect : kDivideFirst)
     for (uint32_t code : {0u, 0x80000000u, 500u, 501u, 503u}) {
       zr::test::Frames zero(kPitch * kH, code), atZero = zero;
       zr::test::Run(effect, ZeroSpan(zero, code, 1, kH, 0, 0, kH));

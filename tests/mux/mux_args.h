@@ -25,7 +25,7 @@ inline int32_t CallMux(void* a, void* b, void* out, const MuxArgs& g) {
       static_cast<uint32_t*>(a), g.sizeA, static_cast<uint32_t*>(b), g.sizeB, static_cast<uint32_t*>(out),
       0xDEADBEEF, g.flags, g.wipeCode, g.mixPosition, g.mixLevel, g.splitX, g.splitY, g.gridMode, g.gridStepX,
       g.gridStepY, g.width, g.height, g.pitch);
-  while (zrfxBandJobBlock::LiveBlocks() != 0) std::this_thread::sleep_for(std::chrono::milliseconds(1));
+  while (zr::fx::BandJobBlock::LiveBlocks() != 0) std::this_thread::sleep_for(std::chrono::milliseconds(1));
   return result;
 }
 

@@ -7,26 +7,19 @@
 #include <span>
 #include <string>
 
+#include "mux/mux_mode_names.h"
 #include "zrfx/mux_settings.h"
 
 namespace zrfx {
 
-// The arguments of ZrDraw_DisplayMuxRGBA that a mode reads, beside the frames.
-enum MuxReads : uint32_t {
-  kReadsNothing = 0,
-  kReadsPosition = 1,  // mixPosition
-  kReadsLevel = 2,     // mixLevel
-  kReadsSplit = 4,     // splitX, splitY
-  kReadsCode = 8,      // wipeCode
-};
+using zr::mux::kReadsCode;
+using zr::mux::kReadsLevel;
+using zr::mux::kReadsNothing;
+using zr::mux::kReadsPosition;
+using zr::mux::kReadsSplit;
+using zr::mux::MuxName;
 
-struct MuxName {
-  const char* name;  // without the prefix, e.g. "SIDE_BY_SIDE"
-  uint32_t value;
-  const char* looks;  // one line of help
-  uint32_t reads;     // MuxReads bits; 0 for flags
-};
-
+// The library's tables of mode and flag names.
 std::span<const MuxName> MuxModes();
 std::span<const MuxName> MuxFlags();
 

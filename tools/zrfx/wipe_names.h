@@ -1,5 +1,5 @@
-// What the wipe numbers do, for captions, help texts and the gallery. The
-// library owns the numbering; this is the tool's description of it.
+// What the wipe numbers do, for captions, help texts and the gallery, read
+// from the library's own wipe table.
 #ifndef ZRFX_WIPE_NAMES_H
 #define ZRFX_WIPE_NAMES_H
 

@@ -29,7 +29,7 @@ struct Geometry {
 Geometry Of(const benchmark::State& state) {
   const auto layout = static_cast<Layout>(state.range(0));
   const auto width = static_cast<uint32_t>(state.range(1)), height = static_cast<uint32_t>(state.range(2));
-  const uint32_t pitch = layout == k422 ? width * 2 : fx::zrfxV210MinPitch(width);
+  const uint32_t pitch = layout == k422 ? width * 2 : fx::V210MinPitch(width);
   return {width,
           height,
           pitch,

@@ -97,7 +97,7 @@ TEST_F(AdapterEntry, AllocationOutcomes) {
     }
   // No wipe of this library throws, so the guard around the 4:2:2 adapter's
   // wipe never logs here; its line is fixed all the same.
-  EXPECT_STREQ(zr::fx::kZrfxWipeExceptionText, "Exception Error ZrDraw_DisplayWipeYCbCr");
+  EXPECT_STREQ(zr::fx::kWipeExceptionText, "Exception Error ZrDraw_DisplayWipeYCbCr");
 }
 
 // CRCs of the whole dst buffer, each pitch the caller's own.

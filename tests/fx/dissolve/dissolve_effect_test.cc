@@ -55,7 +55,7 @@ FxCall GoldenCall(zr::test::Frames& f, const Golden& g) {
 
 TEST(Dissolve, GoldenAsOneBandAndOnTheDriver) {
   for (const Golden& g : kGoldens)
-    for (zrfxEffectFn effect : {zrfxDISSOLVE, zrfxDISSOLVE2})
+    for (zrfxEffectFn* effect : {zrfxDISSOLVE, zrfxDISSOLVE2})
       for (bool driver : {false, true}) {
         zr::test::Frames f(0, 0);
         EXPECT_EQ(zr::test::Run(effect, GoldenCall(f, g), driver), 0u);

@@ -1,6 +1,6 @@
-#include "fx/int_divide.h"
+#include "platform/int_divide.h"
 
-namespace zr::fx {
+namespace zr::platform {
 
 uint32_t DivideByZero(uint32_t num) {
 #if defined(__x86_64__)
@@ -19,4 +19,4 @@ uint32_t DivideByZero(uint32_t num) {
 #endif
 }
 
-}  // namespace zr::fx
+}  // namespace zr::platform
