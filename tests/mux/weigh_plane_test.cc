@@ -1,5 +1,5 @@
 // weigh_plane through its exported entry: the rounding and the wrap, empty
-// and negative sizes, negative pitches, overlap, and the model on planes.
+// and negative sizes, negative pitches and overlap.
 #include <gtest/gtest.h>
 
 #include <cstdint>
@@ -37,29 +37,6 @@ TEST(WeighPlane, EmptyOrNegativeSizesTouchNothing) {
     weigh_plane(dst.data(), src.data(), 16, 16, w, h, 65536, 0);
   EXPECT_EQ(std::vector<uint8_t>(dst.data(), dst.data() + 64), before);
   EXPECT_TRUE(dst.GuardsIntact());
-}
-
-TEST(WeighPlane, RowsOfAnyLengthMatchTheSingleByteRule) {
-  uint64_t seed = 1;
-  for (int32_t width : {1, 7, 8, 15, 16, 17, 31, 32, 33, 100, 333})
-    for (int32_t height : {1, 2, 5}) {
-      Rng rng(++seed);
-      const int32_t ws = static_cast<int32_t>(rng.Next32() >> (rng.Below(2) * 14));
-      const int32_t wd = static_cast<int32_t>(rng.Next32() >> (rng.Below(2) * 14));
-      // Tight planes (one long row) and planes with spare bytes.
-      const int32_t dstPitch = width + static_cast<int32_t>(seed % 2 ? rng.Below(9) : 0);
-      const int32_t srcPitch = width + static_cast<int32_t>(seed % 2 ? rng.Below(9) : 0);
-      const size_t dstBytes = size_t(dstPitch) * height, srcBytes = size_t(srcPitch) * height;
-      GuardedBuffer dst(dstBytes, seed % 3), src(srcBytes, seed % 2);
-      rng.Fill(dst.data(), dstBytes);
-      rng.Fill(src.data(), srcBytes);
-      std::vector<uint8_t> want(dst.data(), dst.data() + dstBytes);
-      ModelWeighPlane(want.data(), src.data(), dstPitch, srcPitch, width, height, ws, wd);
-      weigh_plane(dst.data(), src.data(), dstPitch, srcPitch, width, height, ws, wd);
-      ASSERT_EQ(std::vector<uint8_t>(dst.data(), dst.data() + dstBytes), want)
-          << width << "x" << height << " weights " << ws << ", " << wd << " seed " << seed;
-      ASSERT_TRUE(dst.GuardsIntact() && src.GuardsIntact());
-    }
 }
 
 // A bottom-up plane: the first row is the last in memory.
