@@ -1,6 +1,4 @@
-// Checkasm-style checks of a kernel family's forms against its reference:
-// each form the processor has is chosen through the processor-choice mask and
-// run on seeded random rows beside the reference.
+// Checkasm-style checks of a kernel family's forms against its reference.
 #ifndef ZR_TESTS_COMMON_FORM_CHECK_H
 #define ZR_TESTS_COMMON_FORM_CHECK_H
 
@@ -17,14 +15,12 @@ namespace zr::test {
 
 // Every remainder of the widest vector step, and a few long rows.
 inline std::vector<uint32_t> FormWidths() {
-  std::vector<uint32_t> widths;
+  std::vector<uint32_t> widths{63, 64, 65, 257, 1000, 1921};
   for (uint32_t w = 1; w <= 33; ++w) widths.push_back(w);
-  for (uint32_t w : {63u, 64u, 65u, 257u, 1000u, 1921u}) widths.push_back(w);
   return widths;
 }
 
-// Calls check(form) for each form this processor runs, with the choice
-// limited to that form's instruction set; lifts the limit afterwards.
+// check(form) for each form this processor runs, the choice limited to it.
 template <class Form, class Check>
 void ForEachForm(std::span<const Form> forms, Check check) {
   for (const Form& form : forms) {
@@ -36,41 +32,34 @@ void ForEachForm(std::span<const Form> forms, Check check) {
   cpu::SetMask(cpu::kAnyIsa);
 }
 
-// Runs run(reference, a, b, out) row by row over `rows` rows: for the
-// reference on copies, then for the form, on seeded buffers whose pitches
-// exceed the rows and which sit `misalign` (b: misalign + 1) bytes off
-// alignment. The whole destination must match, its guards included, and the
-// sources must be untouched.
-// `unit` is the bytes per x of the destination.
+// run(reference, a, b, out) row by row on seeded data, for the reference on
+// copies and for the form on buffers with pitches wider than the rows,
+// `misalign` (b: + 1) bytes off alignment, sources ending with their
+// allocations (for the address sanitizer) and a guarded destination, which
+// is compared whole. `unit` is the destination's bytes per x.
 template <class Run>
 ::testing::AssertionResult SameAsReference(uint64_t seed, size_t inRow, size_t outRow, size_t unit,
                                            size_t misalign, Run run, uint32_t rows = 3) {
-  const size_t inPitch = inRow + 5, outPitch = outRow + 11;
-  // The sources end where their allocations end, so that the address
-  // sanitizer sees a read past the last row.
-  const size_t inBytes = inPitch * (rows - 1) + inRow, outBytes = outPitch * rows;
-  std::vector<uint8_t> a(misalign + inBytes), b(misalign + 1 + inBytes);
+  const size_t inPitch = inRow + 5, outPitch = outRow + 11, outBytes = outPitch * rows;
+  std::vector<uint8_t> a(misalign + inPitch * (rows - 1) + inRow), b(a.size() + 1);
   GuardedBuffer out(outBytes, 2 * misalign);
   Rng rng(seed);
-  rng.Fill(a.data(), a.size());
-  rng.Fill(b.data(), b.size());
+  for (auto* v : {&a, &b}) rng.Fill(v->data(), v->size());
   rng.Fill(out.data(), outBytes);
   const std::vector<uint8_t> a0 = a, b0 = b;
   std::vector<uint8_t> want(out.data(), out.data() + outBytes);
   for (uint32_t y = 0; y < rows; ++y) {
-    run(true, a0.data() + misalign + y * inPitch, b0.data() + misalign + 1 + y * inPitch,
-        want.data() + y * outPitch);
-    run(false, a.data() + misalign + y * inPitch, b.data() + misalign + 1 + y * inPitch,
-        out.data() + y * outPitch);
+    const size_t in = misalign + y * inPitch;
+    run(true, &a0[in], &b0[in + 1], &want[y * outPitch]);
+    run(false, &a[in], &b[in + 1], &out[y * outPitch]);
   }
+  auto failure = ::testing::AssertionFailure() << "seed " << seed << ": ";
   for (size_t i = 0; i < outBytes; ++i)
     if (out[i] != want[i])
-      return ::testing::AssertionFailure()
-             << "seed " << seed << ": first difference at x " << i % outPitch / unit << ", y " << i / outPitch
-             << " (got " << int{out[i]} << ", want " << int{want[i]} << ")";
-  if (a != a0 || b != b0) return ::testing::AssertionFailure() << "seed " << seed << ": a source was written";
-  if (!out.GuardsIntact())
-    return ::testing::AssertionFailure() << "seed " << seed << ": a guard byte was written";
+      return failure << "first difference at x " << i % outPitch / unit << ", y " << i / outPitch << " (got "
+                     << int{out[i]} << ", want " << int{want[i]} << ")";
+  if (a != a0 || b != b0) return failure << "a source was written";
+  if (!out.GuardsIntact()) return failure << "a guard byte was written";
   return ::testing::AssertionSuccess();
 }
 

@@ -1,6 +1,6 @@
 // Every form of the pixel mix rows and of weigh_plane's row against the
 // scalar rows, chosen through the processor choice, and each form through
-// the public entry points against the model.
+// the entry points against the model.
 #include <gtest/gtest.h>
 
 #include "common/form_check.h"
@@ -12,141 +12,105 @@
 namespace zr::test {
 namespace {
 
-using mux::PixelRowParams;
 using mux::PixelRowSet;
 
-constexpr mux::PixelRowFn PixelRowSet::*kKinds[] = {&PixelRowSet::merge,      &PixelRowSet::average,
-                                                    &PixelRowSet::difference, &PixelRowSet::matchGate,
-                                                    &PixelRowSet::crossfade,  &PixelRowSet::channelView};
+// Each row kind and a mode of the entry point that runs it.
+constexpr std::pair<mux::PixelRowFn PixelRowSet::*, uint32_t> kKinds[] = {
+    {&PixelRowSet::merge, MUX_MERGE_ODD_EVEN},  {&PixelRowSet::average, MUX_AVERAGE},
+    {&PixelRowSet::difference, MUX_DIFFERENCE}, {&PixelRowSet::matchGate, MUX_MATCH_GATE},
+    {&PixelRowSet::crossfade, MUX_CROSSFADE},   {&PixelRowSet::channelView, MUX_CHANNEL_VIEW}};
 
-PixelRowParams RandomParams(uint64_t seed) {
-  Rng rng(~seed);
-  PixelRowParams k;
-  k.maskA = rng.Next32();
-  k.maskB = rng.Next32();
-  k.gain = 1 + rng.Below(255);
-  const uint32_t tolerances[] = {0, 1, 7, 128, 254, 255, 256, rng.Next32()};
-  k.tolerance = tolerances[rng.Below(8)];
-  k.fill = rng.Below(2) ? 0xFFFFFFFF : 0;
-  const uint32_t positions[] = {0, 1, 128, 255, 256, 0x10000, 0x12345, rng.Next32() >> 8, rng.Next32()};
-  k.p = positions[rng.Below(9)];
-  k.q = rng.Below(4) ? 256 - k.p : rng.Next32();
-  k.channel = rng.Below(5);
-  return k;
+mux::PixelRowParams RandomParams(uint64_t seed) {
+  Rng r(~seed);
+  const uint32_t tolerances[] = {0, 1, 7, 128, 254, 255, 256, r.Next32()};
+  const uint32_t positions[] = {0, 1, 128, 255, 256, 0x10000, 0x12345, r.Next32() >> 8, r.Next32()};
+  const uint32_t maskA = r.Next32(), maskB = r.Next32(), gain = 1 + r.Below(255);
+  const uint32_t tolerance = tolerances[r.Below(8)], fill = r.Below(2) ? ~0u : 0u, p = positions[r.Below(9)];
+  const uint32_t q = r.Below(4) ? 256 - p : r.Next32();
+  return {maskA, maskB, gain, tolerance, fill, p, q, r.Below(5)};
 }
 
-// Every kind of weight split: no carry, a carry of 1 on either or both
-// weights, and the general case.
+// Every kind of weight split: no carry, a carry of 1, and the general case.
 uint32_t RandomWeight(Rng& rng) {
   const uint32_t weights[] = {0, 1, 0x7FFF, 0x8000, 65535, 65536, 65537, 0xFFFFFF, 0x1000000, 0xFFFFFFFF};
   return rng.Below(3) ? weights[rng.Below(10)] : rng.Next32() >> (rng.Below(2) * 16);
 }
 
+// The rows, and the entry point against the model.
 TEST(MuxForms, PixelRowsMatchScalar) {
   ForEachForm(mux::PixelRowForms(), [](const mux::PixelRowForm& form) {
-    const PixelRowSet& rows = mux::ActivePixelRows();
-    ASSERT_EQ(&rows, form.rows);
-    for (size_t kind = 0; kind < std::size(kKinds); ++kind) {
+    ASSERT_EQ(&mux::ActivePixelRows(), form.rows);
+    for (const auto& [row, mode] : kKinds) {
       std::vector<uint32_t> widths = FormWidths();
-      if (kind == 0) widths.push_back((1u << 20) + 37);  // streaming stores, shared by all kinds
+      if (mode == kKinds[0].second)
+        widths.push_back((1u << 20) + 37);  // streaming stores, shared by all kinds
       for (uint32_t width : widths)
         for (size_t misalign : {0, 1}) {
-          const uint64_t seed = (kind << 32) + width * 2 + misalign;
-          const PixelRowParams k = RandomParams(seed);
+          const uint64_t seed = uint64_t{mode} << 32 | (width * 2 + misalign);
+          const mux::PixelRowParams k = RandomParams(seed);
           const auto run = [&](bool ref, const uint8_t* a, const uint8_t* b, uint8_t* out) {
-            ((ref ? mux::kPixelRowsScalar : rows).*kKinds[kind])(a, b, out, width, k);
+            ((ref ? mux::kPixelRowsScalar : *form.rows).*row)(a, b, out, width, k);
           };
           ASSERT_TRUE(SameAsReference(seed, width * 4, width * 4, 4, misalign, run, width > 5000 ? 1 : 3));
         }
-    }
-  });
-}
-
-TEST(MuxForms, WeighRowsMatchScalar) {
-  ForEachForm(mux::WeighRowForms(), [](const mux::WeighRowForm& form) {
-    ASSERT_EQ(mux::ActiveWeighRow(), form.row);
-    for (uint32_t width : FormWidths())
-      for (size_t misalign : {0, 1}) {
-        const uint64_t seed = width * 2 + misalign;
-        Rng rng(~seed);
-        const uint32_t ws = RandomWeight(rng), wd = RandomWeight(rng);
-        const auto run = [&](bool ref, const uint8_t* src, const uint8_t*, uint8_t* dst) {
-          (ref ? mux::WeighRowScalar : form.row)(dst, src, width, ws, wd);
-        };
-        ASSERT_TRUE(SameAsReference(seed, width, width, 1, misalign, run)) << ws << ", " << wd;
-      }
-  });
-}
-
-// Where the output starts above a source and runs into it the pixel order
-// shows; every form must still give the scalar bytes.
-TEST(MuxForms, RowsMatchScalarWhereTheOutputOverlapsASource) {
-  constexpr long kPad = 128;
-  const auto check = [](auto row, auto scalar, uint32_t width, long shift, uint64_t seed) {
-    std::vector<uint8_t> got(width * 4 + 2 * kPad), other(got.size());
-    Rng(seed).Fill(got.data(), got.size());
-    Rng(~seed).Fill(other.data(), other.size());
-    std::vector<uint8_t> want = got;
-    scalar(want.data() + kPad, other.data() + kPad, want.data() + kPad + shift);
-    row(got.data() + kPad, other.data() + kPad, got.data() + kPad + shift);
-    return got == want;
-  };
-  const long shifts[] = {-64, -9, -4, -1, 0, 1, 2, 4, 12, 36, 64};
-  ForEachForm(mux::PixelRowForms(), [&](const mux::PixelRowForm& form) {
-    for (size_t kind = 0; kind < std::size(kKinds); ++kind)
-      for (uint32_t width : {5u, 16u, 33u, 100u})
-        for (long shift : shifts) {
-          const uint64_t seed = (kind << 32) + width * 1000 + static_cast<uint64_t>(shift + 100);
-          const PixelRowParams k = RandomParams(seed);
-          const auto with = [&](const PixelRowSet& set) {
-            return [&](const uint8_t* a, const uint8_t* b, uint8_t* out) {
-              (set.*kKinds[kind])(a, b, out, width, k);
-            };
-          };
-          ASSERT_TRUE(check(with(*form.rows), with(mux::kPixelRowsScalar), width, shift, seed))
-              << "seed " << seed;
-        }
-  });
-  ForEachForm(mux::WeighRowForms(), [&](const mux::WeighRowForm& form) {
-    for (uint32_t width : {7u, 16u, 17u, 64u, 129u})
-      for (long shift : shifts) {
-        const uint64_t seed = width * 1000 + static_cast<uint64_t>(shift + 100);
-        const auto with = [&](mux::WeighRowFn row) {
-          return [=](const uint8_t* a, const uint8_t*, uint8_t* out) { row(out, a, width, 40000, 0x1FF00); };
-        };
-        ASSERT_TRUE(check(with(form.row), with(mux::WeighRowScalar), width, shift, seed)) << "seed " << seed;
-      }
-  });
-}
-
-TEST(MuxForms, EntryPointsMatchTheModelWithEachForm) {
-  ForEachForm(mux::PixelRowForms(), [](const mux::PixelRowForm&) {
-    for (uint32_t mode :
-         {MUX_MERGE_ODD_EVEN, MUX_AVERAGE, MUX_DIFFERENCE, MUX_MATCH_GATE, MUX_CROSSFADE, MUX_CHANNEL_VIEW})
       for (uint32_t width : {1u, 19u, 64u}) {
         MuxArgs g;
         g.muxFlags = mode, g.width = width, g.height = 3, g.pitch = width * 4 + 8 * (width % 2);
         g.mixPosition = 0x9A00, g.mixLevel = 40;
         EXPECT_TRUE(MuxMatchesModel(g, mode + width, width % 3)) << "mode " << mode << " width " << width;
       }
+    }
   });
-  ForEachForm(mux::WeighRowForms(), [](const mux::WeighRowForm&) {
-    for (int32_t width : {1, 15, 16, 17, 33, 100, 333})
-      for (int32_t pad : {0, 5}) {
-        const uint64_t seed = width * 2 + pad;
+}
+
+// The rows, and weigh_plane against the model.
+TEST(MuxForms, WeighRowsMatchScalar) {
+  ForEachForm(mux::WeighRowForms(), [](const mux::WeighRowForm& form) {
+    ASSERT_EQ(mux::ActiveWeighRow(), form.row);
+    for (uint32_t width : FormWidths())
+      for (size_t misalign : {0, 1}) {
+        const uint64_t seed = width * 2 + misalign;
         Rng rng(seed);
-        const auto ws = static_cast<int32_t>(RandomWeight(rng)), wd = static_cast<int32_t>(RandomWeight(rng));
-        const int32_t pitch = width + pad, height = 3;
-        GuardedBuffer dst(size_t(pitch) * height, 1), src(size_t(pitch) * height);
-        rng.Fill(dst.data(), dst.size());
-        rng.Fill(src.data(), src.size());
-        std::vector<uint8_t> want(dst.data(), dst.data() + dst.size());
-        ModelWeighPlane(want.data(), src.data(), pitch, pitch, width, height, ws, wd);
-        weigh_plane(dst.data(), src.data(), pitch, pitch, width, height, ws, wd);
-        ASSERT_EQ(std::vector<uint8_t>(dst.data(), dst.data() + dst.size()), want) << "seed " << seed;
-        ASSERT_TRUE(dst.GuardsIntact());
+        const uint32_t ws = RandomWeight(rng), wd = RandomWeight(rng);
+        const auto row = [&](bool ref, const uint8_t* src, const uint8_t*, uint8_t* dst) {
+          (ref ? mux::WeighRowScalar : form.row)(dst, src, width, ws, wd);
+        };
+        const auto plane = [&](bool ref, const uint8_t* src, const uint8_t*, uint8_t* dst) {
+          const auto w = static_cast<int32_t>(width);
+          (ref ? ModelWeighPlane : weigh_plane)(dst, src, w, w, w, 1, static_cast<int32_t>(ws),
+                                                static_cast<int32_t>(wd));
+        };
+        ASSERT_TRUE(SameAsReference(seed, width, width, 1, misalign, row)) << ws << ", " << wd;
+        ASSERT_TRUE(SameAsReference(seed, width, width, 1, misalign, plane)) << ws << ", " << wd;
       }
   });
+}
+
+// out = a + shift in one buffer: where out starts above a and runs into it,
+// the pixel order shows, and every form must still give the scalar bytes
+// (weigh_plane's own test covers its overlaps).
+TEST(MuxForms, PixelRowsMatchScalarWhereTheOutputOverlapsASource) {
+  for (uint32_t width : {5u, 16u, 33u, 100u})
+    for (long shift : {-64, -9, -4, -1, 0, 1, 2, 4, 12, 36, 64}) {
+      const uint64_t seed = width * 1000 + static_cast<uint64_t>(shift + 100);
+      const auto same = [&](auto row) {
+        std::vector<uint8_t> got(700), other(700);
+        Rng(seed).Fill(got.data(), got.size());
+        Rng(~seed).Fill(other.data(), other.size());
+        std::vector<uint8_t> want = got;
+        row(true, &want[200], &other[200], &want[200 + shift]);
+        row(false, &got[200], &other[200], &got[200 + shift]);
+        return got == want;
+      };
+      const mux::PixelRowParams k = RandomParams(seed);
+      ForEachForm(mux::PixelRowForms(), [&](const mux::PixelRowForm& form) {
+        for (const auto& kind : kKinds)
+          EXPECT_TRUE(same([&](bool ref, const uint8_t* a, const uint8_t* b, uint8_t* out) {
+            ((ref ? mux::kPixelRowsScalar : *form.rows).*kind.first)(a, b, out, width, k);
+          })) << "seed "
+              << seed;
+      });
+    }
 }
 
 }  // namespace
