@@ -1,5 +1,5 @@
-// The pixel mix rows in portable code: the reference that every vector set
-// reproduces to the bit.
+// The pixel mix rows in portable code, the reference that every vector set
+// reproduces to the bit, and the choice of a set.
 #include "mux/pixel_rows.h"
 
 #include "mux/mux_call.h"

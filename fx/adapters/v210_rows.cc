@@ -1,4 +1,5 @@
-// The plain v210 row loops: the reference for the vector forms.
+// The plain v210 row loops, the reference for the vector forms, and the
+// choice of a form.
 #include "fx/adapters/v210_rows.h"
 
 #include <algorithm>

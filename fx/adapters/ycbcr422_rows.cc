@@ -1,4 +1,5 @@
-// The plain 4:2:2 row loops: the reference for the vector forms.
+// The plain 4:2:2 row loops, the reference for the vector forms, and the
+// choice of a form.
 #include "fx/adapters/ycbcr422_rows.h"
 
 #include "platform/cpu_choice.h"

@@ -31,26 +31,23 @@ void DissolveRowF32_C(const uint8_t* in, const uint8_t* out, uint8_t* dst, size_
                       double u);
 
 // The vector forms, each in its instruction set's namespace.
-#define ZR_DISSOLVE_ROWS                                                                           \
-  void DissolveRow8(const uint8_t* in, const uint8_t* out, uint8_t* dst, size_t samples, double t, \
-                    double u);                                                                     \
-  void DissolveRow16(const uint8_t* in, const uint8_t* out, uint8_t* dst, size_t samples, double t, double u);
+using DissolveRowSig = void(const uint8_t* in, const uint8_t* out, uint8_t* dst, size_t samples, double t,
+                            double u);
 #if defined(__x86_64__)
 namespace sse41 {
-ZR_DISSOLVE_ROWS
+DissolveRowSig DissolveRow8, DissolveRow16;
 }
 namespace avx2 {
-ZR_DISSOLVE_ROWS
+DissolveRowSig DissolveRow8, DissolveRow16;
 }
 namespace avx512 {
-ZR_DISSOLVE_ROWS
+DissolveRowSig DissolveRow8, DissolveRow16;
 }
 #else
 namespace neon {
-ZR_DISSOLVE_ROWS
+DissolveRowSig DissolveRow8, DissolveRow16;
 }
 #endif
-#undef ZR_DISSOLVE_ROWS
 
 // One vector form of the integer loops and the instruction set (cpu::Isa) it
 // needs.
