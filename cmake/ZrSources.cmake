@@ -1,6 +1,6 @@
 # Object libraries that make up libzrdraw.
 #
-# zr_add_object_library(name [FLAGS ...])
+# zr_add_object_library(name [ISA set] [FLAGS ...])
 #   An OBJECT library with the library's compile settings, optionally with
 #   extra flags (an instruction set, a resize variant's -m options).
 #
@@ -8,12 +8,15 @@
 #   Adds library sources. A file whose name ends in _sse41, _avx2, _avx512 or
 #   _neon goes to the object library of that instruction set and is compiled
 #   with that set's flags only; it is dropped on the other architecture.
+#   A file ending in _x86 is one body for every x86 set: it goes to each of
+#   the sse41, avx2 and avx512 object libraries, where ZR_ISA_NS names the
+#   set (the namespace its code lives in) and ZR_ISA_<set> is defined.
 #   Everything else goes to zrdraw_base.
 
 set_property(GLOBAL PROPERTY ZR_OBJECT_LIBS "")
 
 function(zr_add_object_library name)
-  cmake_parse_arguments(ARG "" "" "FLAGS" ${ARGN})
+  cmake_parse_arguments(ARG "" "ISA" "FLAGS" ${ARGN})
   add_library(${name} OBJECT)
   set_target_properties(${name} PROPERTIES
     POSITION_INDEPENDENT_CODE ON
@@ -25,31 +28,47 @@ function(zr_add_object_library name)
     $<BUILD_INTERFACE:${PROJECT_SOURCE_DIR}>)
   target_compile_definitions(${name} PRIVATE ZRDRAW_BUILDING=1)
   target_compile_options(${name} PRIVATE ${ZR_COMMON_FLAGS} ${ARG_FLAGS})
+  if(ARG_ISA)
+    target_compile_definitions(${name} PRIVATE ZR_ISA_NS=${ARG_ISA} ZR_ISA_${ARG_ISA}=1)
+  endif()
   target_link_libraries(${name} PUBLIC Threads::Threads)
   set_property(GLOBAL APPEND PROPERTY ZR_OBJECT_LIBS ${name})
+endfunction()
+
+function(zr_isa_library isa out)
+  set(target zrdraw_${isa})
+  if(NOT TARGET ${target})
+    zr_add_object_library(${target} ISA ${isa} FLAGS ${ZR_ISA_FLAGS_${isa}})
+  endif()
+  set(${out} ${target} PARENT_SCOPE)
 endfunction()
 
 function(zr_sources)
   foreach(src IN LISTS ARGN)
     get_filename_component(abs "${src}" ABSOLUTE)
     get_filename_component(stem "${src}" NAME_WE)
-    set(target zrdraw_base)
-    set(skip OFF)
+    set(targets zrdraw_base)
+    if(stem MATCHES "_x86$")
+      set(targets "")
+      if(ZR_ARCH_X86)
+        foreach(isa IN LISTS ZR_ISAS)
+          zr_isa_library(${isa} target)
+          list(APPEND targets ${target})
+        endforeach()
+      endif()
+    endif()
     foreach(isa sse41 avx2 avx512 neon)
       if(stem MATCHES "_${isa}$")
+        set(targets "")
         if(isa IN_LIST ZR_ISAS)
-          set(target zrdraw_${isa})
-          if(NOT TARGET ${target})
-            zr_add_object_library(${target} FLAGS ${ZR_ISA_FLAGS_${isa}})
-          endif()
-        else()
-          set(skip ON)
+          zr_isa_library(${isa} target)
+          set(targets ${target})
         endif()
       endif()
     endforeach()
-    if(NOT skip)
+    foreach(target IN LISTS targets)
       target_sources(${target} PRIVATE "${abs}")
-    endif()
+    endforeach()
   endforeach()
 endfunction()
 

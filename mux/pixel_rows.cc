@@ -1,9 +1,9 @@
-// The pixel mix rows in portable code: the reference that every vector set
-// reproduces to the bit.
+// The pixel mix rows in portable code, the reference that every vector set
+// reproduces to the bit, and the choice of a set.
 #include "mux/pixel_rows.h"
 
-#include "mux/cpu_choice.h"
 #include "mux/mux_call.h"
+#include "platform/cpu_choice.h"
 
 namespace zr::mux {
 namespace {
@@ -65,19 +65,24 @@ uint32_t ChannelView(uint32_t a, uint32_t, const PixelRowParams& k) {
   return g * 0x01010101;
 }
 
+constexpr PixelRowForm kForms[] = {
+#if defined(__x86_64__)
+    {cpu::kAvx512, &avx512::kPixelRows},
+    {cpu::kAvx2, &avx2::kPixelRows},
+    {cpu::kSse41, &sse41::kPixelRows},
+#else
+    {cpu::kNeon, &neon::kPixelRows},
+#endif
+};
+
 }  // namespace
 
 const PixelRowSet kPixelRowsScalar = {
-    "scalar", Row<Merge>, Row<Average>, Row<Difference>, Row<MatchGate>, Row<Crossfade>, Row<ChannelView>,
+    Row<Merge>, Row<Average>, Row<Difference>, Row<MatchGate>, Row<Crossfade>, Row<ChannelView>,
 };
 
-const PixelRowSet& ActivePixelRows() {
-#if defined(__x86_64__)
-  if (HasAvx512Bw()) return kPixelRowsAvx512;
-  return HasAvx2() ? kPixelRowsAvx2 : kPixelRowsSse41;
-#else
-  return kPixelRowsNeon;
-#endif
-}
+std::span<const PixelRowForm> PixelRowForms() { return kForms; }
+
+const PixelRowSet& ActivePixelRows() { return *cpu::Widest(PixelRowForms()).rows; }
 
 }  // namespace zr::mux

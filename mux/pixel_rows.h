@@ -6,6 +6,7 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <span>
 
 namespace zr::mux {
 
@@ -27,7 +28,6 @@ using PixelRowFn = void (*)(const uint8_t* a, const uint8_t* b, uint8_t* out, ui
                             const PixelRowParams& k);
 
 struct PixelRowSet {
-  const char* name;
   PixelRowFn merge;
   PixelRowFn average;
   PixelRowFn difference;
@@ -37,15 +37,31 @@ struct PixelRowSet {
 };
 
 extern const PixelRowSet kPixelRowsScalar;
+// The vector sets, each in its instruction set's namespace.
 #if defined(__x86_64__)
-extern const PixelRowSet kPixelRowsSse41;
-extern const PixelRowSet kPixelRowsAvx2;
-extern const PixelRowSet kPixelRowsAvx512;
+namespace sse41 {
+extern const PixelRowSet kPixelRows;
+}
+namespace avx2 {
+extern const PixelRowSet kPixelRows;
+}
+namespace avx512 {
+extern const PixelRowSet kPixelRows;
+}
 #else
-extern const PixelRowSet kPixelRowsNeon;
+namespace neon {
+extern const PixelRowSet kPixelRows;
+}
 #endif
 
-// The fastest set that this processor runs.
+// A vector set and the instruction set (cpu::Isa) it needs.
+struct PixelRowForm {
+  uint32_t isa;
+  const PixelRowSet* rows;
+};
+
+// The vector sets, widest first, and the widest one the processor runs.
+std::span<const PixelRowForm> PixelRowForms();
 const PixelRowSet& ActivePixelRows();
 
 // True when a vector loop that loads a step of both sources before storing

@@ -4,7 +4,7 @@
 
 #include "mux/pixel_rows.h"
 
-namespace zr::mux {
+namespace zr::mux::neon {
 namespace {
 
 template <class Op>
@@ -104,6 +104,6 @@ void ChannelView(const uint8_t* a, const uint8_t* b, uint8_t* out, uint32_t widt
 
 }  // namespace
 
-const PixelRowSet kPixelRowsNeon = {"neon", Merge, Average, Difference, MatchGate, Crossfade, ChannelView};
+const PixelRowSet kPixelRows = {Merge, Average, Difference, MatchGate, Crossfade, ChannelView};
 
-}  // namespace zr::mux
+}  // namespace zr::mux::neon

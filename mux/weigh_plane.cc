@@ -1,8 +1,8 @@
 // weigh_plane: one byte plane mixed into another with 16.16 weights.
 #include <cstddef>
 
-#include "mux/cpu_choice.h"
 #include "mux/weigh_rows.h"
+#include "platform/cpu_choice.h"
 #include "zrmux.h"
 
 namespace zr::mux {
@@ -17,14 +17,23 @@ void WeighRowScalar(uint8_t* dst, const uint8_t* src, uint32_t width, uint32_t w
   }
 }
 
-WeighRowFn ActiveWeighRow() {
+namespace {
+
+constexpr WeighRowForm kForms[] = {
 #if defined(__x86_64__)
-  if (HasAvx512Bw()) return WeighRowAvx512;
-  return HasAvx2() ? WeighRowAvx2 : WeighRowSse41;
+    {cpu::kAvx512, avx512::WeighRow},
+    {cpu::kAvx2, avx2::WeighRow},
+    {cpu::kSse41, sse41::WeighRow},
 #else
-  return WeighRowNeon;
+    {cpu::kNeon, neon::WeighRow},
 #endif
-}
+};
+
+}  // namespace
+
+std::span<const WeighRowForm> WeighRowForms() { return kForms; }
+
+WeighRowFn ActiveWeighRow() { return cpu::Widest(WeighRowForms()).row; }
 
 }  // namespace zr::mux
 

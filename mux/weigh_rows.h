@@ -8,6 +8,7 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <span>
 
 namespace zr::mux {
 
@@ -15,15 +16,31 @@ using WeighRowFn = void (*)(uint8_t* dst, const uint8_t* src, uint32_t width, ui
                             uint32_t weightDst);
 
 void WeighRowScalar(uint8_t* dst, const uint8_t* src, uint32_t width, uint32_t weightSrc, uint32_t weightDst);
+// The vector rows, each in its instruction set's namespace.
 #if defined(__x86_64__)
-void WeighRowSse41(uint8_t* dst, const uint8_t* src, uint32_t width, uint32_t weightSrc, uint32_t weightDst);
-void WeighRowAvx2(uint8_t* dst, const uint8_t* src, uint32_t width, uint32_t weightSrc, uint32_t weightDst);
-void WeighRowAvx512(uint8_t* dst, const uint8_t* src, uint32_t width, uint32_t weightSrc, uint32_t weightDst);
+namespace sse41 {
+void WeighRow(uint8_t*, const uint8_t*, uint32_t, uint32_t, uint32_t);
+}
+namespace avx2 {
+void WeighRow(uint8_t*, const uint8_t*, uint32_t, uint32_t, uint32_t);
+}
+namespace avx512 {
+void WeighRow(uint8_t*, const uint8_t*, uint32_t, uint32_t, uint32_t);
+}
 #else
-void WeighRowNeon(uint8_t* dst, const uint8_t* src, uint32_t width, uint32_t weightSrc, uint32_t weightDst);
+namespace neon {
+void WeighRow(uint8_t*, const uint8_t*, uint32_t, uint32_t, uint32_t);
+}
 #endif
 
-// The fastest row that this processor runs.
+// A vector row and the instruction set (cpu::Isa) it needs.
+struct WeighRowForm {
+  uint32_t isa;
+  WeighRowFn row;
+};
+
+// The vector rows, widest first, and the widest one the processor runs.
+std::span<const WeighRowForm> WeighRowForms();
 WeighRowFn ActiveWeighRow();
 
 // True when src does not start below dst and run into it: then a vector

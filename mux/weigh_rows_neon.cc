@@ -5,9 +5,9 @@
 
 #include "mux/weigh_rows.h"
 
-namespace zr::mux {
+namespace zr::mux::neon {
 
-void WeighRowNeon(uint8_t* dst, const uint8_t* src, uint32_t width, uint32_t weightSrc, uint32_t weightDst) {
+void WeighRow(uint8_t* dst, const uint8_t* src, uint32_t width, uint32_t weightSrc, uint32_t weightDst) {
   uint32_t x = 0;
   if (WeighVectorSafe(dst, src, width)) {
     const uint32x4_t half = vdupq_n_u32(32768);
@@ -31,4 +31,4 @@ void WeighRowNeon(uint8_t* dst, const uint8_t* src, uint32_t width, uint32_t wei
   if (x < width) WeighRowScalar(dst + x, src + x, width - x, weightSrc, weightDst);
 }
 
-}  // namespace zr::mux
+}  // namespace zr::mux::neon

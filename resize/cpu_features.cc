@@ -1,9 +1,8 @@
 #include "resize/cpu_features.h"
 
-#include <cpuid.h>
-
 #include <cstring>
 
+#include "platform/cpu_choice.h"
 #include "zripp.h"
 
 std::atomic<uint64_t> ownFeatures{0};
@@ -45,12 +44,6 @@ constexpr ownFeatureSource kFeatureSources[] = {
     {kOwnAVX2, kLeaf1Ecx, B(12), kLeaf7Ebx, B(5) | B(3) | B(8)},
 };
 
-uint32_t ownXgetbv0() {
-  uint32_t lo, hi;
-  __asm__ volatile("xgetbv" : "=a"(lo), "=d"(hi) : "c"(0));
-  return lo;
-}
-
 }  // namespace
 
 uint64_t ownFeatureWord(const uint32_t (&regs)[kOwnCpuidRegs]) {
@@ -61,24 +54,23 @@ uint64_t ownFeatureWord(const uint32_t (&regs)[kOwnCpuidRegs]) {
 }
 
 bool ownReadCpuFeatures(uint64_t* features) {
-  const unsigned maxLeaf = __get_cpuid_max(0, nullptr);
+  uint32_t r[4];
+  zr::cpu::Cpuid(0, 0, r);
+  const uint32_t maxLeaf = r[0];
   if (maxLeaf < 1) return false;
   uint32_t regs[kOwnCpuidRegs] = {};
-  unsigned eax, ebx, ecx, edx;
-  __cpuid(1, eax, ebx, ecx, edx);
-  regs[kLeaf1Edx] = edx;
-  regs[kLeaf1Ecx] = ecx;
-  // xgetbv faults unless the operating system has enabled it (OSXSAVE).
-  if (ecx & B(27)) regs[kXcr0] = ownXgetbv0();
+  zr::cpu::Cpuid(1, 0, r);
+  const uint32_t eax = r[0];
+  regs[kLeaf1Edx] = r[3];
+  regs[kLeaf1Ecx] = r[2];
+  regs[kXcr0] = zr::cpu::Xcr0();  // 0 without OSXSAVE
   if (((eax >> 8) & 0xF) == 0xB) {
-    unsigned a, b, c, d;
-    __cpuid(0x20000001, a, b, c, d);
-    regs[kFamilyBEdx] = d;
+    zr::cpu::Cpuid(0x20000001, 0, r);
+    regs[kFamilyBEdx] = r[3];
   }
   if (maxLeaf >= 7) {
-    unsigned a, b, c, d;
-    __cpuid_count(7, 0, a, b, c, d);
-    regs[kLeaf7Ebx] = b;
+    zr::cpu::Cpuid(7, 0, r);
+    regs[kLeaf7Ebx] = r[1];
   }
   *features = ownFeatureWord(regs);
   return true;
@@ -108,12 +100,12 @@ bool ownGetFeature(uint64_t features) {
 }
 
 bool ownIsGenuineIntel() {
-  unsigned eax, ebx, ecx, edx;
-  __cpuid(0, eax, ebx, ecx, edx);
+  uint32_t r[4];
+  zr::cpu::Cpuid(0, 0, r);
   char vendor[12];
-  std::memcpy(vendor, &ebx, 4);
-  std::memcpy(vendor + 4, &edx, 4);
-  std::memcpy(vendor + 8, &ecx, 4);
+  std::memcpy(vendor, &r[1], 4);
+  std::memcpy(vendor + 4, &r[3], 4);
+  std::memcpy(vendor + 8, &r[2], 4);
   return std::memcmp(vendor, "GenuineIntel", 12) == 0;
 }
 
@@ -128,12 +120,9 @@ IppStatus ippGetCpuFeatures(uint64_t* pFeaturesMask, uint32_t* pCpuidInfoRegs) {
   if (!ownGetMaskFeatures(&word)) return ZRIPP_CPU_NOT_SUPPORTED;
   *pFeaturesMask = word;
   if (pCpuidInfoRegs != nullptr) {
-    unsigned eax, ebx, ecx, edx;
-    __cpuid_count(leaf, subLeaf, eax, ebx, ecx, edx);
-    pCpuidInfoRegs[0] = eax;
-    pCpuidInfoRegs[1] = ebx;
-    pCpuidInfoRegs[2] = ecx;
-    pCpuidInfoRegs[3] = edx;
+    uint32_t r[4];
+    zr::cpu::Cpuid(leaf, subLeaf, r);
+    for (int i = 0; i < 4; ++i) pCpuidInfoRegs[i] = r[i];
   }
   return ZRIPP_OK;
 }

@@ -6,6 +6,8 @@
 #include <map>
 #include <utility>
 
+#include "platform/cpu_choice.h"
+
 namespace zr::bench {
 
 std::vector<uint8_t>& Frame(size_t bytes, int index) {
@@ -58,10 +60,21 @@ void BM_ReadTwoWriteOne(benchmark::State& state) {
 }
 
 // RGBA frames: width, height.
-#define ZR_FRAME_ARGS Args({kSmall.width, kSmall.height})->Args({kHD.width, kHD.height})->Args({kUHD.width, kUHD.height})
+#define ZR_FRAME_ARGS \
+  Args({kSmall.width, kSmall.height})->Args({kHD.width, kHD.height})->Args({kUHD.width, kUHD.height})
 BENCHMARK(BM_Memcpy)->ZR_FRAME_ARGS;
 BENCHMARK(BM_Memset)->ZR_FRAME_ARGS;
 BENCHMARK(BM_ReadTwoWriteOne)->ZR_FRAME_ARGS;
 
 }  // namespace
+std::vector<int64_t> Isas() {
+  std::vector<int64_t> isas;
+  for (uint32_t isa : {cpu::kSse41, cpu::kAvx2, cpu::kAvx512, cpu::kNeon})
+    if (cpu::Detected() & isa) isas.push_back(isa);
+  return isas;
+}
+
+IsaScope::IsaScope(int64_t isa) { cpu::SetMask(static_cast<uint32_t>(isa)); }
+IsaScope::~IsaScope() { cpu::SetMask(cpu::kAnyIsa); }
+
 }  // namespace zr::bench

@@ -25,6 +25,19 @@ std::vector<uint8_t>& Frame(size_t bytes, int index);
 // floor for any two-source frame operation.
 void ReadTwoWriteOne(const uint8_t* a, const uint8_t* b, uint8_t* out, size_t n);
 
+// The instruction sets (cpu::Isa bits) this processor runs: a benchmark
+// argument that runs each form of a kernel family through the entry points.
+std::vector<int64_t> Isas();
+
+// Limits the kernel choice to one instruction set while it lives.
+class IsaScope {
+ public:
+  explicit IsaScope(int64_t isa);
+  ~IsaScope();
+  IsaScope(const IsaScope&) = delete;
+  IsaScope& operator=(const IsaScope&) = delete;
+};
+
 }  // namespace zr::bench
 
 #endif

@@ -9,6 +9,7 @@
 #include <string>
 
 #include "common/baselines.h"
+#include "platform/cpu_choice.h"
 #include "zrmux.h"
 #if defined(__x86_64__)
 #include "zripp.h"
@@ -59,7 +60,8 @@ constexpr MuxCase kModes[] = {
 
 size_t RgbaBytes(FrameSize s) { return size_t(s.width) * s.height * 4; }
 
-void Mux(benchmark::State& state, MuxCase c, FrameSize s, uint32_t gridMode) {
+void Mux(benchmark::State& state, MuxCase c, FrameSize s, uint32_t gridMode, int64_t isa) {
+  const IsaScope scope(isa);
   const size_t n = RgbaBytes(s);
   auto* a = reinterpret_cast<uint32_t*>(Frame(n, 0).data());
   auto* b = reinterpret_cast<uint32_t*>(Frame(n, 2).data());
@@ -92,7 +94,8 @@ void Grid(benchmark::State& state, FrameSize s) {
 }
 
 // weigh_plane over the frame's bytes as one plane, in place.
-void WeighPlane(benchmark::State& state, FrameSize s) {
+void WeighPlane(benchmark::State& state, FrameSize s, int64_t isa) {
+  const IsaScope scope(isa);
   const size_t n = RgbaBytes(s);
   uint8_t* src = Frame(n, 0).data();
   uint8_t* dst = Frame(n, 1).data();
@@ -106,15 +109,26 @@ void WeighPlane(benchmark::State& state, FrameSize s) {
 
 std::string SizeName(FrameSize s) { return std::to_string(s.width) + "x" + std::to_string(s.height); }
 
+std::string IsaName(int64_t isa) { return cpu::IsaName(static_cast<uint32_t>(isa)); }
+
+// Every mode with the widest forms; the crossfade and weigh_plane with each
+// instruction set's form too.
 const bool kRegistered = [] {
   for (FrameSize s : {kSmall, kHD, kUHD}) {
     for (const MuxCase& c : kModes)
       benchmark::RegisterBenchmark(("BM_Mux/" + std::string(c.name) + "/" + SizeName(s)).c_str(), Mux, c, s,
-                                   0u);
+                                   0u, int64_t{cpu::kAnyIsa});
     benchmark::RegisterBenchmark(("BM_MuxGrid/" + SizeName(s)).c_str(), Grid, s);
     benchmark::RegisterBenchmark(("BM_MuxCrossfadeWithGrid/" + SizeName(s)).c_str(), Mux, kCrossfadeCase, s,
-                                 1u);
-    benchmark::RegisterBenchmark(("BM_WeighPlane/" + SizeName(s)).c_str(), WeighPlane, s);
+                                 1u, int64_t{cpu::kAnyIsa});
+    benchmark::RegisterBenchmark(("BM_WeighPlane/" + SizeName(s)).c_str(), WeighPlane, s,
+                                 int64_t{cpu::kAnyIsa});
+    for (int64_t isa : Isas()) {
+      benchmark::RegisterBenchmark(("BM_MuxForm/Crossfade/" + IsaName(isa) + "/" + SizeName(s)).c_str(), Mux,
+                                   kCrossfadeCase, s, 0u, isa);
+      benchmark::RegisterBenchmark(("BM_WeighPlaneForm/" + IsaName(isa) + "/" + SizeName(s)).c_str(),
+                                   WeighPlane, s, isa);
+    }
   }
   return true;
 }();

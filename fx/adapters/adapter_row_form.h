@@ -10,11 +10,11 @@ namespace zr::fx {
 using ExpandRowFn = void (*)(const uint8_t* src, uint8_t* plane, uint32_t width);
 using PackRowFn = void (*)(const uint8_t* plane, uint8_t* dst, uint32_t width);
 
-// The expansion and packing of one form; every form gives the plain form's
-// bytes, so the choice changes speed only.
+// The expansion and packing of one form and the instruction set (cpu::Isa)
+// it needs; every form gives the plain form's bytes, so the choice changes
+// speed only.
 struct AdapterRowForm {
-  const char* name;
-  bool (*supported)();
+  uint32_t isa;
   ExpandRowFn expand;
   PackRowFn pack;
 };

@@ -1,7 +1,10 @@
-// The plain v210 row loops: the reference for the vector forms.
+// The plain v210 row loops, the reference for the vector forms, and the
+// choice of a form.
 #include "fx/adapters/v210_rows.h"
 
 #include <algorithm>
+
+#include "platform/cpu_choice.h"
 
 namespace zr::fx {
 namespace {
@@ -48,5 +51,22 @@ void PackV210Row_C(const uint8_t* plane, uint8_t* dst, uint32_t width) {
     PutWord(dst + 12, Field(plane[12], 0) | Field(plane[14], 10) | Field(plane[15], 20));
   }
 }
+
+namespace {
+
+constexpr AdapterRowForm kForms[] = {
+#if defined(__x86_64__)
+    {cpu::kAvx512, avx512::ExpandV210Row, avx512::PackV210Row},
+    {cpu::kAvx2, avx2::ExpandV210Row, avx2::PackV210Row},
+    {cpu::kSse41, sse41::ExpandV210Row, sse41::PackV210Row},
+#else
+    {cpu::kNeon, neon::ExpandV210Row, neon::PackV210Row},
+#endif
+};
+
+}  // namespace
+
+std::span<const AdapterRowForm> V210RowForms() { return kForms; }
+const AdapterRowForm& PickV210Rows() { return cpu::Widest(V210RowForms()); }
 
 }  // namespace zr::fx

@@ -34,18 +34,28 @@ namespace zr::fx {
 void ExpandV210Row_C(const uint8_t* src, uint8_t* plane, uint32_t width);
 void PackV210Row_C(const uint8_t* plane, uint8_t* dst, uint32_t width);
 
+// The vector forms, each in its instruction set's namespace.
 #if defined(__x86_64__)
-void ExpandV210Row_SSE41(const uint8_t* src, uint8_t* plane, uint32_t width);
-void PackV210Row_SSE41(const uint8_t* plane, uint8_t* dst, uint32_t width);
-void ExpandV210Row_AVX2(const uint8_t* src, uint8_t* plane, uint32_t width);
-void PackV210Row_AVX2(const uint8_t* plane, uint8_t* dst, uint32_t width);
-#elif defined(__aarch64__)
-void ExpandV210Row_NEON(const uint8_t* src, uint8_t* plane, uint32_t width);
-void PackV210Row_NEON(const uint8_t* plane, uint8_t* dst, uint32_t width);
+namespace sse41 {
+void ExpandV210Row(const uint8_t* src, uint8_t* plane, uint32_t width);
+void PackV210Row(const uint8_t* plane, uint8_t* dst, uint32_t width);
+}  // namespace sse41
+namespace avx2 {
+void ExpandV210Row(const uint8_t* src, uint8_t* plane, uint32_t width);
+void PackV210Row(const uint8_t* plane, uint8_t* dst, uint32_t width);
+}  // namespace avx2
+namespace avx512 {
+void ExpandV210Row(const uint8_t* src, uint8_t* plane, uint32_t width);
+void PackV210Row(const uint8_t* plane, uint8_t* dst, uint32_t width);
+}  // namespace avx512
+#else
+namespace neon {
+void ExpandV210Row(const uint8_t* src, uint8_t* plane, uint32_t width);
+void PackV210Row(const uint8_t* plane, uint8_t* dst, uint32_t width);
+}  // namespace neon
 #endif
 
-// The vector forms built in, widest first; the last runs on every processor
-// of the build. The pick is the widest this processor runs.
+// The vector forms, widest first, and the widest one the processor runs.
 std::span<const AdapterRowForm> V210RowForms();
 const AdapterRowForm& PickV210Rows();
 

@@ -5,7 +5,7 @@
 
 #include "fx/adapters/v210_rows.h"
 
-namespace zr::fx {
+namespace zr::fx::neon {
 namespace {
 
 constexpr uint8_t Z = 0xFF;  // table index out of range: zero
@@ -26,7 +26,7 @@ constexpr uint16_t kOuterShifts[8] = {2, 6, 2, 6, 2, 6, 2, 6};
 
 }  // namespace
 
-void ExpandV210Row_NEON(const uint8_t* src, uint8_t* plane, uint32_t width) {
+void ExpandV210Row(const uint8_t* src, uint8_t* plane, uint32_t width) {
   const uint8x16_t low = vld1q_u8(kPlaneLow), high = vld1q_u8(kPlaneHigh);
   const uint32x4_t byte0 = vdupq_n_u32(0xFF), byte1 = vdupq_n_u32(0xFF00);
   uint32_t x = 0;
@@ -42,7 +42,7 @@ void ExpandV210Row_NEON(const uint8_t* src, uint8_t* plane, uint32_t width) {
   ExpandV210Row_C(src, plane, width - x);
 }
 
-void PackV210Row_NEON(const uint8_t* plane, uint8_t* dst, uint32_t width) {
+void PackV210Row(const uint8_t* plane, uint8_t* dst, uint32_t width) {
   const uint8x16_t outer = vld1q_u8(kOuterFields), middle = vld1q_u8(kMiddleFields);
   const int16x8_t shifts = vreinterpretq_s16_u16(vld1q_u16(kOuterShifts));
   uint32_t x = 0;
@@ -55,4 +55,4 @@ void PackV210Row_NEON(const uint8_t* plane, uint8_t* dst, uint32_t width) {
   PackV210Row_C(plane, dst, width - x);
 }
 
-}  // namespace zr::fx
+}  // namespace zr::fx::neon

@@ -1,5 +1,8 @@
-// The plain 4:2:2 row loops: the reference for the vector forms.
+// The plain 4:2:2 row loops, the reference for the vector forms, and the
+// choice of a form.
 #include "fx/adapters/ycbcr422_rows.h"
+
+#include "platform/cpu_choice.h"
 
 namespace zr::fx {
 namespace {
@@ -33,5 +36,22 @@ void PackYCbCr422Row_C(const uint8_t* plane, uint8_t* dst, uint32_t width) {
     dst[3] = plane[2];
   }
 }
+
+namespace {
+
+constexpr AdapterRowForm kForms[] = {
+#if defined(__x86_64__)
+    {cpu::kAvx512, avx512::ExpandYCbCr422Row, avx512::PackYCbCr422Row},
+    {cpu::kAvx2, avx2::ExpandYCbCr422Row, avx2::PackYCbCr422Row},
+    {cpu::kSse41, sse41::ExpandYCbCr422Row, sse41::PackYCbCr422Row},
+#else
+    {cpu::kNeon, neon::ExpandYCbCr422Row, neon::PackYCbCr422Row},
+#endif
+};
+
+}  // namespace
+
+std::span<const AdapterRowForm> YCbCr422RowForms() { return kForms; }
+const AdapterRowForm& PickYCbCr422Rows() { return cpu::Widest(YCbCr422RowForms()); }
 
 }  // namespace zr::fx

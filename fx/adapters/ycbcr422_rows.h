@@ -27,16 +27,28 @@ namespace zr::fx {
 void ExpandYCbCr422Row_C(const uint8_t* src, uint8_t* plane, uint32_t width);
 void PackYCbCr422Row_C(const uint8_t* plane, uint8_t* dst, uint32_t width);
 
+// The vector forms, each in its instruction set's namespace.
 #if defined(__x86_64__)
-void ExpandYCbCr422Row_SSE41(const uint8_t* src, uint8_t* plane, uint32_t width);
-void PackYCbCr422Row_SSE41(const uint8_t* plane, uint8_t* dst, uint32_t width);
-#elif defined(__aarch64__)
-void ExpandYCbCr422Row_NEON(const uint8_t* src, uint8_t* plane, uint32_t width);
-void PackYCbCr422Row_NEON(const uint8_t* plane, uint8_t* dst, uint32_t width);
+namespace sse41 {
+void ExpandYCbCr422Row(const uint8_t* src, uint8_t* plane, uint32_t width);
+void PackYCbCr422Row(const uint8_t* plane, uint8_t* dst, uint32_t width);
+}  // namespace sse41
+namespace avx2 {
+void ExpandYCbCr422Row(const uint8_t* src, uint8_t* plane, uint32_t width);
+void PackYCbCr422Row(const uint8_t* plane, uint8_t* dst, uint32_t width);
+}  // namespace avx2
+namespace avx512 {
+void ExpandYCbCr422Row(const uint8_t* src, uint8_t* plane, uint32_t width);
+void PackYCbCr422Row(const uint8_t* plane, uint8_t* dst, uint32_t width);
+}  // namespace avx512
+#else
+namespace neon {
+void ExpandYCbCr422Row(const uint8_t* src, uint8_t* plane, uint32_t width);
+void PackYCbCr422Row(const uint8_t* plane, uint8_t* dst, uint32_t width);
+}  // namespace neon
 #endif
 
-// The vector forms built in, widest first; the last runs on every processor
-// of the build. The pick is the widest this processor runs.
+// The vector forms, widest first, and the widest one the processor runs.
 std::span<const AdapterRowForm> YCbCr422RowForms();
 const AdapterRowForm& PickYCbCr422Rows();
 

@@ -4,9 +4,9 @@
 
 #include "fx/adapters/ycbcr422_rows.h"
 
-namespace zr::fx {
+namespace zr::fx::neon {
 
-void ExpandYCbCr422Row_NEON(const uint8_t* src, uint8_t* plane, uint32_t width) {
+void ExpandYCbCr422Row(const uint8_t* src, uint8_t* plane, uint32_t width) {
   uint32_t x = 0;
   for (; x + 16 <= width; x += 16) {
     // Eight pairs, split into bytes 0, 1, 2 and 3 of each pair.
@@ -23,7 +23,7 @@ void ExpandYCbCr422Row_NEON(const uint8_t* src, uint8_t* plane, uint32_t width) 
   ExpandYCbCr422Row_C(src + 2 * x, plane + 3 * x, width - x);
 }
 
-void PackYCbCr422Row_NEON(const uint8_t* plane, uint8_t* dst, uint32_t width) {
+void PackYCbCr422Row(const uint8_t* plane, uint8_t* dst, uint32_t width) {
   uint32_t x = 0;
   for (; x + 16 <= width; x += 16) {
     const uint8x16x3_t pixels = vld3q_u8(plane + 3 * x);
@@ -37,4 +37,4 @@ void PackYCbCr422Row_NEON(const uint8_t* plane, uint8_t* dst, uint32_t width) {
   PackYCbCr422Row_C(plane + 3 * x, dst + 2 * x, width - x);
 }
 
-}  // namespace zr::fx
+}  // namespace zr::fx::neon

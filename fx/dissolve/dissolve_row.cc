@@ -1,9 +1,11 @@
-// The plain dissolve loops: the reference for every vector form.
+// The plain dissolve loops, the reference for every vector form, and the
+// choice of a form.
 #include "fx/dissolve/dissolve_row.h"
 
 #include <cstring>
 
 #include "fx/dissolve/dissolve_convert.h"
+#include "platform/cpu_choice.h"
 
 namespace zr::fx {
 
@@ -41,5 +43,23 @@ void DissolveRowF32_C(const uint8_t* in, const uint8_t* out, uint8_t* dst, size_
     std::memcpy(dst + 4 * i, &r, 4);
   }
 }
+
+namespace {
+
+constexpr DissolveRowForm kForms[] = {
+#if defined(__x86_64__)
+    {cpu::kAvx512, avx512::DissolveRow8, avx512::DissolveRow16},
+    {cpu::kAvx2, avx2::DissolveRow8, avx2::DissolveRow16},
+    {cpu::kSse41, sse41::DissolveRow8, sse41::DissolveRow16},
+#else
+    {cpu::kNeon, neon::DissolveRow8, neon::DissolveRow16},
+#endif
+};
+
+}  // namespace
+
+std::span<const DissolveRowForm> DissolveRowForms() { return kForms; }
+
+const DissolveRowForm& PickDissolveRowForm() { return cpu::Widest(DissolveRowForms()); }
 
 }  // namespace zr::fx

@@ -30,40 +30,35 @@ void DissolveRow16_C(const uint8_t* in, const uint8_t* out, uint8_t* dst, size_t
 void DissolveRowF32_C(const uint8_t* in, const uint8_t* out, uint8_t* dst, size_t samples, double t,
                       double u);
 
+// The vector forms, each in its instruction set's namespace.
+using DissolveRowSig = void(const uint8_t* in, const uint8_t* out, uint8_t* dst, size_t samples, double t,
+                            double u);
 #if defined(__x86_64__)
-void DissolveRow8_SSE41(const uint8_t* in, const uint8_t* out, uint8_t* dst, size_t samples, double t,
-                        double u);
-void DissolveRow16_SSE41(const uint8_t* in, const uint8_t* out, uint8_t* dst, size_t samples, double t,
-                         double u);
-void DissolveRow8_AVX2(const uint8_t* in, const uint8_t* out, uint8_t* dst, size_t samples, double t,
-                       double u);
-void DissolveRow16_AVX2(const uint8_t* in, const uint8_t* out, uint8_t* dst, size_t samples, double t,
-                        double u);
-void DissolveRow8_AVX512(const uint8_t* in, const uint8_t* out, uint8_t* dst, size_t samples, double t,
-                         double u);
-void DissolveRow16_AVX512(const uint8_t* in, const uint8_t* out, uint8_t* dst, size_t samples, double t,
-                          double u);
-#elif defined(__aarch64__)
-void DissolveRow8_NEON(const uint8_t* in, const uint8_t* out, uint8_t* dst, size_t samples, double t,
-                       double u);
-void DissolveRow16_NEON(const uint8_t* in, const uint8_t* out, uint8_t* dst, size_t samples, double t,
-                        double u);
+namespace sse41 {
+DissolveRowSig DissolveRow8, DissolveRow16;
+}
+namespace avx2 {
+DissolveRowSig DissolveRow8, DissolveRow16;
+}
+namespace avx512 {
+DissolveRowSig DissolveRow8, DissolveRow16;
+}
+#else
+namespace neon {
+DissolveRowSig DissolveRow8, DissolveRow16;
+}
 #endif
 
-// One vector form of the integer loops.
+// One vector form of the integer loops and the instruction set (cpu::Isa) it
+// needs.
 struct DissolveRowForm {
-  const char* name;
-  bool (*supported)();
+  uint32_t isa;
   DissolveRowFn row8;
   DissolveRowFn row16;
 };
 
-// The vector forms built into this library, widest first; the last one runs
-// on every processor of its build.
+// The vector forms, widest first, and the widest one the processor runs.
 std::span<const DissolveRowForm> DissolveRowForms();
-
-// The widest form that this processor runs. The choice follows the
-// processor's features only.
 const DissolveRowForm& PickDissolveRowForm();
 
 }  // namespace zr::fx

@@ -3,7 +3,7 @@
 
 #include "fx/dissolve/dissolve_row.h"
 
-namespace zr::fx {
+namespace zr::fx::neon {
 namespace {
 
 // Two samples of each source (64-bit lanes) mixed as doubles. fcvtzs
@@ -45,8 +45,7 @@ inline void Mix8x16(const uint8_t* in, const uint8_t* out, uint8_t* dst, float64
 
 }  // namespace
 
-void DissolveRow8_NEON(const uint8_t* in, const uint8_t* out, uint8_t* dst, size_t samples, double t,
-                       double u) {
+void DissolveRow8(const uint8_t* in, const uint8_t* out, uint8_t* dst, size_t samples, double t, double u) {
   const float64x2_t vt = vdupq_n_f64(t), vu = vdupq_n_f64(u);
   size_t i = 0;
   for (; i + 64 <= samples; i += 64)
@@ -59,8 +58,7 @@ void DissolveRow8_NEON(const uint8_t* in, const uint8_t* out, uint8_t* dst, size
   DissolveRow8_C(in + i, out + i, dst + i, samples - i, t, u);
 }
 
-void DissolveRow16_NEON(const uint8_t* in, const uint8_t* out, uint8_t* dst, size_t samples, double t,
-                        double u) {
+void DissolveRow16(const uint8_t* in, const uint8_t* out, uint8_t* dst, size_t samples, double t, double u) {
   const float64x2_t vt = vdupq_n_f64(t), vu = vdupq_n_f64(u);
   size_t i = 0;
   for (; i + 32 <= samples; i += 32)
@@ -68,4 +66,4 @@ void DissolveRow16_NEON(const uint8_t* in, const uint8_t* out, uint8_t* dst, siz
   DissolveRow16_C(in + 2 * i, out + 2 * i, dst + 2 * i, samples - i, t, u);
 }
 
-}  // namespace zr::fx
+}  // namespace zr::fx::neon

@@ -71,8 +71,10 @@ void BM_AdapterOneBand(benchmark::State& state) {
   state.SetBytesProcessed(static_cast<int64_t>(state.iterations() * g.frameBytes));
 }
 
-// Both sources into their planes, as the adapter does.
+// Both sources into their planes, as the adapter does; range(3) limits the
+// row loops to one instruction set's form.
 void BM_AdapterExpand(benchmark::State& state) {
+  const IsaScope isa(state.range(3));
   const Geometry g = Of(state);
   auto &a = Frame(g.frameBytes, 0), &b = Frame(g.frameBytes, 2);
   auto &planeA = Frame(g.planeBytes, 3), &planeB = Frame(g.planeBytes, 4);
@@ -88,6 +90,7 @@ void BM_AdapterExpand(benchmark::State& state) {
 }
 
 void BM_AdapterPack(benchmark::State& state) {
+  const IsaScope isa(state.range(3));
   const Geometry g = Of(state);
   auto &plane = Frame(g.planeBytes, 3), &dst = Frame(g.frameBytes, 1);
   const size_t planePitch = size_t{g.width} * 3;
@@ -134,6 +137,13 @@ void Sizes(benchmark::internal::Benchmark* b) {
     for (const FrameSize& size : {kHD, kUHD}) b->Args({layout, size.width, size.height});
 }
 
+void FormSizes(benchmark::internal::Benchmark* b) {
+  b->ArgNames({"v210", "width", "height", "isa"});
+  for (int64_t layout : {k422, kV210})
+    for (const FrameSize& size : {kHD, kUHD})
+      for (int64_t isa : Isas()) b->Args({layout, size.width, size.height, isa});
+}
+
 void CopySizes(benchmark::internal::Benchmark* b) {
   b->ArgNames({"v210", "width", "height", "copy"});
   for (int64_t layout : {k422, kV210})
@@ -143,8 +153,8 @@ void CopySizes(benchmark::internal::Benchmark* b) {
 
 BENCHMARK(BM_AdapterFrontDoor)->Apply(Sizes)->UseRealTime();
 BENCHMARK(BM_AdapterOneBand)->Apply(Sizes);
-BENCHMARK(BM_AdapterExpand)->Apply(Sizes);
-BENCHMARK(BM_AdapterPack)->Apply(Sizes);
+BENCHMARK(BM_AdapterExpand)->Apply(FormSizes);
+BENCHMARK(BM_AdapterPack)->Apply(FormSizes);
 BENCHMARK(BM_AdapterMemcpy)->Apply(CopySizes);
 BENCHMARK(BM_AdapterReadTwoWriteOne)->Apply(Sizes);
 

@@ -40,7 +40,9 @@ void BM_DissolveFrontDoor(benchmark::State& state) {
   state.SetBytesProcessed(static_cast<int64_t>(state.iterations() * g.bytes));
 }
 
+// range(3) limits the mixing loops to one instruction set's form.
 void BM_DissolveOneBand(benchmark::State& state) {
+  const IsaScope isa(state.range(3));
   const Geometry g = Of(state);
   auto &a = Frame(g.bytes, 0), &b = Frame(g.bytes, 2), &dst = Frame(g.bytes, 1);
   for (auto _ : state) {
@@ -78,8 +80,15 @@ void Sizes(benchmark::internal::Benchmark* b) {
     for (const FrameSize& size : {kHD, kUHD}) b->Args({format, size.width, size.height});
 }
 
+void FormSizes(benchmark::internal::Benchmark* b) {
+  b->ArgNames({"format", "width", "height", "isa"});
+  for (int64_t format : {1, 31, 32})
+    for (const FrameSize& size : {kHD, kUHD})
+      for (int64_t isa : Isas()) b->Args({format, size.width, size.height, isa});
+}
+
 BENCHMARK(BM_DissolveFrontDoor)->Apply(Sizes)->UseRealTime();
-BENCHMARK(BM_DissolveOneBand)->Apply(Sizes);
+BENCHMARK(BM_DissolveOneBand)->Apply(FormSizes);
 BENCHMARK(BM_DissolveMemcpy)->Apply(Sizes);
 BENCHMARK(BM_DissolveReadTwoWriteOne)->Apply(Sizes);
 
