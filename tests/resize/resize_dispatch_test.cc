@@ -92,5 +92,17 @@ TEST(ResizeDispatch, InitAndFeatureCalls) {
   EXPECT_EQ(ippSetCpuFeaturesMask(0x4F) + ippGetEnabledCpuFeatures(), 0x4Fu);
 }
 
+// The feature word read from the processor agrees with the compiler's own
+// reading of the same cpuid registers.
+TEST(ResizeDispatch, FeatureWordMatchesTheProcessor) {
+  uint64_t word = 0;
+  ASSERT_TRUE(ownReadCpuFeatures(&word));
+  const std::pair<uint64_t, bool> kBits[] = {
+      {kOwnSSE2, __builtin_cpu_supports("sse2")},    {kOwnSSE3, __builtin_cpu_supports("sse3")},
+      {kOwnSSSE3, __builtin_cpu_supports("ssse3")},  {kOwnSSE41, __builtin_cpu_supports("sse4.1")},
+      {kOwnSSE42, __builtin_cpu_supports("sse4.2")}, {kOwnAVXUsable, __builtin_cpu_supports("avx")}};
+  for (const auto& [bit, has] : kBits) EXPECT_EQ((word & bit) != 0, has) << "bit " << bit;
+}
+
 }  // namespace
 }  // namespace zr::test
