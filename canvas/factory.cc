@@ -5,12 +5,20 @@
 
 namespace {
 
+// The classes GetDraw builds with their default constructor: the requested
+// type, and the 601 studio matrix.
 template <class Backend>
 ZrDraw* Make(unsigned int type) {
   ZrDraw* canvas = new Backend();
   canvas->mPixelType = static_cast<pixelType>(type);
   canvas->mYCbCrMode = ZrPixel::cmYCbCr601Studio;
   return canvas;
+}
+
+// The classes whose own constructor takes the type and sets the matrix.
+template <class Backend>
+ZrDraw* MakeTyped(unsigned int type) {
+  return new Backend(static_cast<pixelType>(type));
 }
 
 // The pixel types that have a class. Every other value, reserved or an
