@@ -56,6 +56,7 @@ constexpr double kBy256 = 0.00390625;
 constexpr double kBy65536 = 1.0 / 65536.0;
 constexpr GroupMatrix k601Studio = {16, 1.164, 128, 1.596, 0.813, 0.391, 2.017, false, kBy256};
 constexpr GroupMatrix k601Full = {0, 256, 128, 350.976, 178.688, 86.016, 443.392, false, kBy65536};
+// Mode 4 reads with the studio matrix of mode 3, scaled; hosts rely on it, keep.
 constexpr GroupMatrix k709Full = {16,        299.246592, 128,   460.734464, 136.957696,
                                   54.804992, 542.887168, false, kBy65536};
 constexpr GroupMatrix k2020Studio = {16, 1.164, 128, 1.6786, 0.6504, 0.1873, 2.1417, false, kBy256};
