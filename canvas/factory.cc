@@ -28,8 +28,15 @@ struct CanvasClass {
   ZrDraw* (*make)(unsigned int type);
 };
 constexpr CanvasClass kCanvasClasses[] = {
-    {pixelRGBA32, Make<CDrawRGBA32>}, {pixelARGB32, Make<CDrawRGBA32>}, {pixelBGRA32, Make<CDrawRGBA32>},
-    {pixelABGR32, Make<CDrawRGBA32>}, {pixelRGB24, Make<CDrawRGB24>},   {pixelBGR24, Make<CDrawRGB24>},
+    {pixelRGBA32, Make<CDrawRGBA32>},
+    {pixelARGB32, Make<CDrawRGBA32>},
+    {pixelBGRA32, Make<CDrawRGBA32>},
+    {pixelABGR32, Make<CDrawRGBA32>},
+    {pixelRGB24, Make<CDrawRGB24>},
+    {pixelBGR24, Make<CDrawRGB24>},
+    // The chroma planes set their own type and matrix.
+    {pixelUV8, MakeTyped<CDrawUV8>},
+    {pixelUV16, MakeTyped<CDrawUV16>},
 };
 
 }  // namespace
