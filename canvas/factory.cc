@@ -34,6 +34,11 @@ constexpr CanvasClass kCanvasClasses[] = {
     {pixelABGR32, Make<CDrawRGBA32>},
     {pixelRGB24, Make<CDrawRGB24>},
     {pixelBGR24, Make<CDrawRGB24>},
+    {pixelRGB30DPX, Make<CDrawRGB30DPX>},
+    {pixelRGB48, Make<CDrawRGB48>},
+    {pixelARGB64, Make<CDrawARGB64>},
+    {pixelRGBHalf48, Make<CDrawRGBHalf48>},
+    {pixelARGBHalf64, Make<CDrawARGB64>},
     // The chroma planes set their own type and matrix.
     {pixelUV8, MakeTyped<CDrawUV8>},
     {pixelUV16, MakeTyped<CDrawUV16>},
