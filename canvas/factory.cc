@@ -28,12 +28,34 @@ struct CanvasClass {
   ZrDraw* (*make)(unsigned int type);
 };
 constexpr CanvasClass kCanvasClasses[] = {
-    {pixelRGBA32, Make<CDrawRGBA32>},       {pixelARGB32, Make<CDrawRGBA32>},
-    {pixelBGRA32, Make<CDrawRGBA32>},       {pixelABGR32, Make<CDrawRGBA32>},
-    {pixelRGB24, Make<CDrawRGB24>},         {pixelBGR24, Make<CDrawRGB24>},
-    {pixelYUYV, MakeTyped<CDrawYCbCrYUYV>}, {pixelUYVY, MakeTyped<CDrawYCbCrYUYV>},
-    {pixelYVYU, MakeTyped<CDrawYCbCrYUYV>}, {pixelVYUY, MakeTyped<CDrawYCbCrYUYV>},
+    {pixelRGBA32, Make<CDrawRGBA32>},
+    {pixelARGB32, Make<CDrawRGBA32>},
+    {pixelBGRA32, Make<CDrawRGBA32>},
+    {pixelABGR32, Make<CDrawRGBA32>},
+    {pixelRGB24, Make<CDrawRGB24>},
+    {pixelBGR24, Make<CDrawRGB24>},
+    {pixelYUYV, MakeTyped<CDrawYCbCrYUYV>},
+    {pixelUYVY, MakeTyped<CDrawYCbCrYUYV>},
+    {pixelYVYU, MakeTyped<CDrawYCbCrYUYV>},
+    {pixelVYUY, MakeTyped<CDrawYCbCrYUYV>},
+    // Only 14 builds v210; its constructor's 15 and 16 are reuse codes here.
     {pixelV210, MakeTyped<CDrawYCbCr10>},
+    {pixelRGB30DPX, Make<CDrawRGB30DPX>},
+    {pixelBayerBGGR, Make<CDrawBayer>},
+    {pixelBayerRGGB, Make<CDrawBayer>},
+    {pixelBayerGBRG, Make<CDrawBayer>},
+    {pixelBayerGRBG, Make<CDrawBayer>},
+    {pixelBayerBGGR2, Make<CDrawBayer>},
+    {pixelBayerRGGB2, Make<CDrawBayer>},
+    {pixelBayerGBRG2, Make<CDrawBayer>},
+    {pixelBayerGRBG2, Make<CDrawBayer>},
+    {pixelRGB48, Make<CDrawRGB48>},
+    {pixelARGB64, Make<CDrawARGB64>},
+    {pixelRGBHalf48, Make<CDrawRGBHalf48>},
+    {pixelARGBHalf64, Make<CDrawARGB64>},
+    // The chroma planes set their own type and matrix.
+    {pixelUV8, MakeTyped<CDrawUV8>},
+    {pixelUV16, MakeTyped<CDrawUV16>},
 };
 
 }  // namespace
