@@ -3,6 +3,7 @@
 
 #include <cstdint>
 #include <cstring>
+#include <typeinfo>
 #include <vector>
 
 #include "canvas/test_canvas.h"
@@ -12,18 +13,39 @@ namespace {
 
 using zr::test::State;
 
-TEST(Factory, BuildsTheClassOfEachRgbType) {
-  std::vector<char> mem(64 * 4);
-  for (unsigned int type = 1; type <= 6; ++type) {
-    ZrDraw* c = nullptr;
-    ASSERT_EQ(0, GetDraw(type, 8, -4, 0, mem.data(), c)) << type;  // height goes first
-    EXPECT_EQ("type " + std::to_string(type) + " 8x4 pitch " + (type <= 4 ? "32" : "24") + " up font refs 1",
-              State(c));
-    EXPECT_TRUE(type <= 4 ? dynamic_cast<CDrawRGBA32*>(c) != nullptr
-                          : dynamic_cast<CDrawRGB24*>(c) != nullptr);
-    EXPECT_TRUE(c->mYCbCrMode == ZrPixel::cmYCbCr601Studio && mem.data() == c->mpCanvas && c->mChangeEvent);
-    EXPECT_EQ(0, ReleaseDraw(c));
-    EXPECT_FALSE(c);
+// Every type with a class: the class, the type and matrix it ends with, and
+// the pitch it computes for a pitch of 0, at SD and HD widths.
+TEST(Factory, BuildsTheClassOfEachType) {
+  struct Row {
+    unsigned int type;
+    const std::type_info& cls;
+    unsigned int pitch640, pitch1920;
+    int mode640, mode1920;
+  };
+  const Row rows[] = {
+      {1, typeid(CDrawRGBA32), 2560, 7680, 1, 1},      {4, typeid(CDrawRGBA32), 2560, 7680, 1, 1},
+      {5, typeid(CDrawRGB24), 1920, 5760, 1, 1},       {6, typeid(CDrawRGB24), 1920, 5760, 1, 1},
+      {10, typeid(CDrawYCbCrYUYV), 1280, 3840, 1, 3},  {13, typeid(CDrawYCbCrYUYV), 1280, 3840, 1, 3},
+      {14, typeid(CDrawYCbCr10), 1792, 5120, 1, 3},    {20, typeid(CDrawRGB30DPX), 2560, 7680, 1, 1},
+      {21, typeid(CDrawBayer), 960, 2880, 1, 1},       {28, typeid(CDrawBayer), 960, 2880, 1, 1},
+      {31, typeid(CDrawRGB48), 3840, 11520, 1, 1},     {32, typeid(CDrawARGB64), 5120, 15360, 1, 1},
+      {37, typeid(CDrawRGBHalf48), 3840, 11520, 1, 1}, {38, typeid(CDrawARGB64), 5120, 15360, 1, 1},
+      {10000, typeid(CDrawUV8), 1280, 3840, 1, 3},     {10001, typeid(CDrawUV16), 2560, 7680, 1, 3},
+  };
+  std::vector<char> mem(64);
+  for (const Row& row : rows) {
+    for (int width : {640, 1920}) {
+      ZrDraw* c = nullptr;
+      ASSERT_EQ(0, GetDraw(row.type, width, 4, 0, mem.data(), c)) << row.type;  // height goes first
+      EXPECT_EQ("type " + std::to_string(row.type) + " " + std::to_string(width) + "x4 pitch " +
+                    std::to_string(width == 640 ? row.pitch640 : row.pitch1920) + " font refs 1",
+                State(c));
+      EXPECT_TRUE(typeid(*c) == row.cls) << row.type;
+      EXPECT_EQ(width == 640 ? row.mode640 : row.mode1920, c->mYCbCrMode) << row.type;
+      EXPECT_TRUE(mem.data() == c->mpCanvas && c->mChangeEvent);
+      EXPECT_EQ(0, ReleaseDraw(c));
+      EXPECT_FALSE(c);
+    }
   }
   ZrDraw* c = reinterpret_cast<ZrDraw*>(uintptr_t{0x1234});
   EXPECT_EQ(-1, GetDraw(0xFFFFFFFF, 8, 8, 0, nullptr, c));
