@@ -2,6 +2,7 @@
 // little-endian 32-bit words (bits 30 and 31 unused), rows padded to 48
 // pixels. A pixel's fields lie across the words, so access goes by x mod 6.
 #include <cstdint>
+#include <cstring>
 
 #include "backends/group_words.h"
 #include "zrbackends.h"
@@ -43,10 +44,45 @@ const PixelFields* FieldsOf(int x, int n) {
 
 uint32_t Get(const unsigned char* group, Field f) { return LoadWord(group + 4 * f.word) >> f.shift & 0x3FF; }
 
-void Set(unsigned char* group, Field f, uint64_t value) {
-  const uint32_t mask = 0x3FFu << f.shift;
-  const uint32_t old = LoadWord(group + 4 * f.word);
-  StoreWord(group + 4 * f.word, (old & ~mask) | (static_cast<uint32_t>(value & 0x3FF) << f.shift));
+// A write of pixel x mod 6 as one read-modify-write of the one or two
+// adjacent words that hold its fields: the span starts at word `first`, and
+// each field's position counts from bit 0 of that word.
+struct SpanWrite {
+  int first;
+  bool twoWords;
+  int y, cb, cr;
+};
+
+constexpr SpanWrite SpanOf(const PixelFields& f) {
+  int first = f.y.word < f.cb.word ? f.y.word : f.cb.word;
+  first = first < f.cr.word ? first : f.cr.word;
+  const int last = f.y.word > f.cr.word ? f.y.word : f.cr.word;
+  return {first, last > first, 32 * (f.y.word - first) + f.y.shift, 32 * (f.cb.word - first) + f.cb.shift,
+          32 * (f.cr.word - first) + f.cr.shift};
+}
+
+constexpr SpanWrite kSpanWrites[6] = {SpanOf(kPixels[0]), SpanOf(kPixels[1]), SpanOf(kPixels[2]),
+                                      SpanOf(kPixels[3]), SpanOf(kPixels[4]), SpanOf(kPixels[5])};
+
+uint64_t Insert(uint64_t span, int position, uint64_t value) {
+  return (span & ~(uint64_t{0x3FF} << position)) | ((value & 0x3FF) << position);
+}
+
+// One form a position in the group, so that every shift and mask is a
+// constant: this is the whole cost of a v210 pixel.
+template <int K>
+void Write(unsigned char* group, uint64_t word) {
+  constexpr SpanWrite w = kSpanWrites[K];
+  unsigned char* p = group + 4 * w.first;
+  if constexpr (w.twoWords) {
+    uint64_t span;
+    std::memcpy(&span, p, 8);
+    span = Insert(Insert(Insert(span, w.y, word), w.cb, word >> 10), w.cr, word >> 20);
+    std::memcpy(p, &span, 8);
+  } else {
+    const uint64_t span = Insert(Insert(Insert(LoadWord(p), w.y, word), w.cb, word >> 10), w.cr, word >> 20);
+    StoreWord(p, static_cast<uint32_t>(span));
+  }
 }
 
 // The group of (x, y): the row offset is an unsigned 32-bit product.
@@ -120,10 +156,26 @@ int CDrawYCbCr10::PutPixel(int x, int y, bool foreground) {
   }
   const uint64_t word = foreground ? mForeWord : mBackWord;
   unsigned char* group = GroupAt(mpCanvas, mPitch, x, y);
-  const PixelFields& f = kPixels[x % 6];
-  Set(group, f.y, word);
-  Set(group, f.cb, word >> 10);
-  Set(group, f.cr, word >> 20);
+  switch (x % 6) {
+    case 0:
+      Write<0>(group, word);
+      break;
+    case 1:
+      Write<1>(group, word);
+      break;
+    case 2:
+      Write<2>(group, word);
+      break;
+    case 3:
+      Write<3>(group, word);
+      break;
+    case 4:
+      Write<4>(group, word);
+      break;
+    default:
+      Write<5>(group, word);
+      break;
+  }
   return 0;
 }
 
