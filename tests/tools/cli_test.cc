@@ -103,7 +103,7 @@ TEST_F(ZrfxCli, ExitStatusAndFirstMessage) {
       {"mux --mode split --raw 0x10 RAW", 2, "zrfx: a frame size of 0x10 is not supported"},
       {"mux --mode split --raw 16384x16384 RAW", 2, "zrfx: a frame size of 16384x16384 is not"},
       {"mux --mode split --raw 24x10 - - -o @o.rgba", 2, "zrfx: only one input can be standard input"},
-      {"mux --mode split --raw 24x10 @cut.rgba @b.rgba -o @o.rgba", 1, "zrfx: @cut.rgba ends inside frame 1"},
+      {"mux --mode split --raw 24x10 @cut.rgba @b.rgba -o @o.rgba", 2, "zrfx: @cut.rgba ends inside frame 1"},
       {"gallery --size 10x10 --out @g", 2, "zrfx: the gallery needs pictures of at least 64x48"},
       {"--help", 0, "usage: zrfx [COMMAND]"},
       {"gallery --help", 0, "usage: zrfx [gallery]"},

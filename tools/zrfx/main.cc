@@ -24,7 +24,8 @@ constexpr const char* kHelp =
     "      transition and mux also take --raw WxH: streams of packed RGBA frames.\n"
     "\n"
     "Run zrfx COMMAND --help for the options of each. Errors in the arguments\n"
-    "or the input exit with status 2, failures to write with status 1.\n";
+    "or the input, a stream that ends inside a frame included, exit with\n"
+    "status 2; failures to read or write with status 1.\n";
 
 struct Command {
   const char* name;

@@ -35,8 +35,9 @@ bool RawInput::ReadFrame(uint8_t* frame, size_t bytes) {
   }
   if (got == 0) return false;
   if (got < bytes)
-    throw RunError(path_ + " ends inside frame " + std::to_string(framesRead_) + " (" + std::to_string(got) +
-                   " of " + std::to_string(bytes) + " bytes): is the --raw size right?");
+    throw UsageError(path_ + " ends inside frame " + std::to_string(framesRead_) + " (" +
+                     std::to_string(got) + " of " + std::to_string(bytes) +
+                     " bytes): is the frame size right?");
   ++framesRead_;
   return true;
 }

@@ -20,7 +20,8 @@ class RawInput {
   RawInput& operator=(const RawInput&) = delete;
 
   // Reads the next frame of `bytes` bytes. False at the end of the stream;
-  // throws RunError when the stream ends inside a frame or cannot be read.
+  // throws UsageError when the stream ends inside a frame, RunError when it
+  // cannot be read.
   bool ReadFrame(uint8_t* frame, size_t bytes);
 
  private:
