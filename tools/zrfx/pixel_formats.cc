@@ -58,7 +58,7 @@ const PixelFormat& ParsePixelFormat(const std::string& text) {
     if ((f.rawName && strcasecmp(text.c_str(), f.rawName) == 0) ||
         strcasecmp(text.c_str(), f.enumerator) == 0 || text == std::to_string(f.type))
       return f;
-  throw UsageError("unknown pixel format '" + text + "'");
+  throw UsageError("unknown pixel format '" + text + "' (see zrfx draw --help)");
 }
 
 }  // namespace zrfx

@@ -1,6 +1,6 @@
 // The pixel layouts that the library's factory makes canvases for, as the
-// tool names and sizes them: the gallery draws on each, and the tests walk
-// the same table.
+// tool names and sizes them: the gallery draws on each, `zrfx draw` reads
+// and writes frames of each, and the tests walk the same table.
 #ifndef ZRFX_PIXEL_FORMATS_H
 #define ZRFX_PIXEL_FORMATS_H
 
