@@ -193,6 +193,7 @@ TEST_F(ZrfxCli, DrawChangesTheGroupsOfDrawnPixelsOnly) {
       {"bgra", 13, "--grid 5 --rect 2,1,11,4", kGridAndOutline, ""},
       {"rgb24", 13, "--fill 3,1,7,3", kFill, "\xFF\x80\x00"s},
       {"rgb48le", 13, "--fill 3,1,7,3", kFill, "\xFF\xFF\x80\x80\x00\x00"s},
+      {"pixelRGB30DPX", 13, "--fill 3,1,7,3", kFill, "\xFF\xE0\x10\x00"s},  // 1023, 513, 0
       {"uyvy422", 14, "--fill 3,1,7,3", kFill, ""},
       {"v210", 50, "--fill 3,1,7,3", kFill, ""},
   };

@@ -36,9 +36,14 @@ bool CanvasHandle::Supports(unsigned int type) {
 }
 
 void CanvasHandle::SetColour(uint32_t rgba, bool foreground) {
-  // The canvas stores each component times 255, truncated: the half step
-  // keeps an 8-bit value exact through the division.
-  auto component = [rgba](int k) { return ((rgba >> (8 * k) & 0xFF) + 0.5) / 255.0; };
+  // The 8-bit RGB and Bayer canvases store each component times 255,
+  // truncated: the half step keeps an 8-bit value exact through the
+  // division. The others take the plain fraction, so that 255 stays 1.0: the
+  // 10-bit RGB canvas carries a component above 1 into the next field.
+  const bool eightBit =
+      (type_ >= pixelRGBA32 && type_ <= pixelBGR24) || (type_ >= pixelBayerBGGR && type_ <= pixelBayerGRBG2);
+  const double half = eightBit ? 0.5 : 0.0;
+  auto component = [rgba, half](int k) { return ((rgba >> (8 * k) & 0xFF) + half) / 255.0; };
   canvas_->SetColorRGBA(component(0), component(1), component(2), component(3), foreground);
 
   // The 16-bit RGB canvases draw with words of their own, which no setter of

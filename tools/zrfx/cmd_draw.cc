@@ -96,8 +96,8 @@ int DrawCommand(int argc, char** argv, int first) {
                      format.Name() + " is more than 1 GiB");
   const Overlay overlay = ParseOverlay(args, size.width, size.height);
   if (!CanvasHandle::Supports(format.type))
-    throw UsageError(std::string("this build of the library has no canvas for ") + format.Name() + " (" +
-                     format.enumerator + ")");
+    throw UsageError(std::string("this build of the library has no canvas for ") + format.Name() +
+                     (format.rawName ? std::string(" (") + format.enumerator + ")" : ""));
 
   RawInput input(args.Value("in").value_or("-"));
   input.ExpectWholeFrames(bytes, std::to_string(size.width) + "x" + std::to_string(size.height) + " " +
