@@ -28,8 +28,12 @@ struct CanvasClass {
   ZrDraw* (*make)(unsigned int type);
 };
 constexpr CanvasClass kCanvasClasses[] = {
-    {pixelRGBA32, Make<CDrawRGBA32>}, {pixelARGB32, Make<CDrawRGBA32>}, {pixelBGRA32, Make<CDrawRGBA32>},
-    {pixelABGR32, Make<CDrawRGBA32>}, {pixelRGB24, Make<CDrawRGB24>},   {pixelBGR24, Make<CDrawRGB24>},
+    {pixelRGBA32, Make<CDrawRGBA32>},       {pixelARGB32, Make<CDrawRGBA32>},
+    {pixelBGRA32, Make<CDrawRGBA32>},       {pixelABGR32, Make<CDrawRGBA32>},
+    {pixelRGB24, Make<CDrawRGB24>},         {pixelBGR24, Make<CDrawRGB24>},
+    {pixelYUYV, MakeTyped<CDrawYCbCrYUYV>}, {pixelUYVY, MakeTyped<CDrawYCbCrYUYV>},
+    {pixelYVYU, MakeTyped<CDrawYCbCrYUYV>}, {pixelVYUY, MakeTyped<CDrawYCbCrYUYV>},
+    {pixelV210, MakeTyped<CDrawYCbCr10>},
 };
 
 }  // namespace
