@@ -30,6 +30,8 @@ size_t BufferBytes(uint32_t width, uint32_t height) {
 constexpr uint32_t kFanColours[] = {0xFF3030FFu, 0xFF30A0FFu, 0xFF30FFFFu, 0xFF30FF30u,
                                     0xFFFFFF30u, 0xFFFF8030u, 0xFFFF30A0u, 0xFFFFFFFFu};
 
+// Every figure stays inside the frame down to the gallery's smallest size:
+// several canvases write wherever they are told.
 void DrawScene(CanvasHandle& canvas, uint32_t width, uint32_t height, const char* name) {
   const int w = static_cast<int>(width), h = static_cast<int>(height);
   canvas.SetColour(0xFF402010u);  // dark blue: EraseCanvas fills with the foreground colour
@@ -54,7 +56,7 @@ void DrawScene(CanvasHandle& canvas, uint32_t width, uint32_t height, const char
   for (int x = left + 8; x < right - 8; x += 12) canvas->LineVert(x, bottom - 40, bottom - 8);
   for (int y = bottom - 40; y <= bottom - 8; y += 8) canvas->LineHoriz(left + 8, y, right - 8);
   canvas.SetColour(0xFF00A0FFu);
-  canvas->Dash(left + 8, top + (bottom - top) / 2, right - 8, bottom - 48, 6, 4);
+  canvas->Dash(left + 8, top + (bottom - top) / 2, right - 8, std::max(top + 2, bottom - 48), 6, 4);
   canvas.SetColour(0xFFFF60FFu);
   std::vector<_POINT> zigzag;
   for (int x = left; x <= right; x += (right - left) / 8)
@@ -64,7 +66,7 @@ void DrawScene(CanvasHandle& canvas, uint32_t width, uint32_t height, const char
   canvas->Circle(cx, cy, r / 2);
   canvas->Ellipse(cx, cy, r, r / 3);
   canvas->Bezier(left, bottom, left + w / 8, top, right - w / 8, bottom, right, top);
-  canvas->Label(left + 12, top + (bottom - top) / 2 + 6, "Label", false, false);
+  canvas->Label(std::min(left + 12, w - 41), top + (bottom - top) / 2 + 6, "Label", false, false);
 
   canvas.SetColour(0xFFFFFFFFu);
   DrawCanvasText(canvas.get(), width, height, 6, 6, name, 2);
