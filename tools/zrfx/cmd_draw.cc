@@ -25,8 +25,8 @@ const std::vector<Option> kOptions = {
 };
 
 constexpr const char* kHelp =
-    "usage: zrfx draw --raw WxH --pix FMT [--grid N] [--rect L,T,R,B] [--fill L,T,R,B]\n"
-    "                 [--colour RRGGBB] [-i IN] [-o OUT]\n"
+    "usage: zrfx draw --raw WxH --pix FMT [--grid N] [--rect L,T,R,B]\n"
+    "                 [--fill L,T,R,B] [--colour RRGGBB] [-i IN] [-o OUT]\n"
     "\n"
     "Draws an overlay on every frame of a raw video stream, in the frame's own\n"
     "pixel layout: a canvas of that layout from qtGetDraw over the frame, as a\n"
