@@ -12,6 +12,7 @@
 
 #include "run_zrfx.h"
 #include "zrfx/operations.h"
+#include "zrfx/pixel_formats.h"
 #include "zrfx/png_io.h"
 
 namespace zrfx {
@@ -103,13 +104,18 @@ TEST_F(ZrfxCli, ExitStatusAndFirstMessage) {
       {"mux --mode split --raw 0x10 RAW", 2, "zrfx: a frame size of 0x10 is not supported"},
       {"mux --mode split --raw 16384x16384 RAW", 2, "zrfx: a frame size of 16384x16384 is not"},
       {"mux --mode split --raw 24x10 - - -o @o.rgba", 2, "zrfx: only one input can be standard input"},
-      {"mux --mode split --raw 24x10 @cut.rgba @b.rgba -o @o.rgba", 1, "zrfx: @cut.rgba ends inside frame 1"},
+      {"mux --mode split --raw 24x10 @cut.rgba @b.rgba -o @o.rgba", 2, "zrfx: @cut.rgba ends inside frame 1"},
+      {"draw --raw 24x10 --pix rgba -i @cut.rgba", 2, "zrfx: @cut.rgba holds 963 bytes, not a whole number"},
+      {"draw --raw 24x10 --pix rgba0 -i @a.rgba", 2, "zrfx: unknown pixel format 'rgba0'"},
+      {"draw --raw 23x10 --pix uyvy422 -i @a.rgba", 2, "zrfx: uyvy422 needs a width that is a multiple of 2"},
+      {"draw --raw 24x10 --pix rgba --fill 0,0,24,9 -i @a.rgba", 2, "zrfx: --fill 0,0,24,9 is not inside"},
       {"gallery --size 10x10 --out @g", 2, "zrfx: the gallery needs pictures of at least 64x48"},
       {"--help", 0, "usage: zrfx [COMMAND]"},
       {"gallery --help", 0, "usage: zrfx [gallery]"},
       {"wipe -h", 0, "usage: zrfx wipe"},
       {"transition --help", 0, "usage: zrfx transition"},
       {"mux --help", 0, "usage: zrfx mux"},
+      {"draw --help", 0, "usage: zrfx draw"},
   };
   for (const Row& row : rows) {
     const test::RunResult r = Run(row.args);
@@ -162,6 +168,59 @@ TEST_F(ZrfxCli, RawStreams) {
   ASSERT_EQ(0, Run("transition --code 0 --frames 3 --raw 24x10 @still.rgba @b.rgba -o @o.rgba").exitStatus);
   EXPECT_TRUE(test::ReadFile(dir_ / "o.rgba") ==
               Bytes(Wipe(a_, b_, 0, 2, 0)) + Bytes(Wipe(a_, b1_, 0, 2, 1)) + Bytes(Wipe(a_, b1_, 0, 2, 2)));
+}
+
+// zrfx draw on two frames of random bytes, through standard input and
+// output: the groups of bytes that hold a drawn pixel (a pair in 4:2:2, six
+// pixels in v210) change, every other byte, row padding included, comes out
+// as it went in, and a filled pixel of an RGB layout holds the colour.
+TEST_F(ZrfxCli, DrawChangesTheGroupsOfDrawnPixelsOnly) {
+  using namespace std::string_literals;
+  constexpr auto kFill = [](uint32_t x, uint32_t y) { return x >= 3 && x <= 7 && y >= 1 && y <= 3; };
+  constexpr auto kGridAndOutline = [](uint32_t x, uint32_t y) {
+    return x % 5 == 0 || y % 5 == 0 || ((x == 2 || x == 11) && y >= 1 && y <= 4) ||
+           ((y == 1 || y == 4) && x >= 2 && x <= 11);
+  };
+  struct Row {
+    const char* pix;
+    uint32_t width;
+    const char* overlay;
+    bool (*drawn)(uint32_t x, uint32_t y);
+    std::string pixel31;  // the bytes of pixel (3, 1), where the layout stores RGB
+  };
+  const Row rows[] = {
+      {"rgba", 13, "--fill 3,1,7,3", kFill, "\xFF\x80\x00\xFF"s},
+      {"bgra", 13, "--grid 5 --rect 2,1,11,4", kGridAndOutline, ""},
+      {"rgb24", 13, "--fill 3,1,7,3", kFill, "\xFF\x80\x00"s},
+      {"rgb48le", 13, "--fill 3,1,7,3", kFill, "\xFF\xFF\x80\x80\x00\x00"s},
+      {"pixelRGB30DPX", 13, "--fill 3,1,7,3", kFill, "\xFF\xE0\x10\x00"s},  // 1023, 513, 0
+      {"uyvy422", 14, "--fill 3,1,7,3", kFill, ""},
+      {"v210", 50, "--fill 3,1,7,3", kFill, ""},
+  };
+  for (const Row& row : rows) {
+    const PixelFormat& format = ParsePixelFormat(row.pix);
+    const uint32_t height = 6, groupBytes = format.groupBytes;
+    const size_t rowBytes = format.RowBytes(row.width), frameBytes = rowBytes * height;
+    std::string in(2 * frameBytes, '\0');
+    zr::test::Rng(row.width).Fill(in.data(), in.size());
+    test::WriteFile(dir_ / "in.raw", in);
+    const test::RunResult r = Run(
+        "draw --colour FF8000 --raw " + std::to_string(row.width) + "x6 --pix " + row.pix + " " + row.overlay,
+        dir_ / "in.raw");
+    EXPECT_TRUE(r.exitStatus == 0 && r.out.size() == in.size()) << row.pix << ": " << r.err;
+    if (r.out.size() != in.size()) continue;
+    for (size_t at = 0; at < in.size(); at += groupBytes) {
+      const uint32_t y = at % frameBytes / rowBytes, first = at % rowBytes / groupBytes * format.groupPixels;
+      bool drawn = false;
+      for (uint32_t x = first; x < std::min(first + format.groupPixels, row.width); ++x)
+        drawn |= row.drawn(x, y);
+      EXPECT_EQ(drawn, in.compare(at, groupBytes, r.out, at, groupBytes) != 0)
+          << row.pix << " " << row.overlay << ": byte " << at << ", row " << y << ", pixel " << first;
+    }
+    if (!row.pixel31.empty()) {
+      EXPECT_EQ(row.pixel31, r.out.substr(rowBytes + 3 * groupBytes, groupBytes)) << row.pix;
+    }
+  }
 }
 
 // The gallery, as the README's first command runs it: it must finish and

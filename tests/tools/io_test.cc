@@ -71,7 +71,7 @@ TEST(RawIo, FramesInOrderThenTheEnd) {
   EXPECT_EQ(Bytes(second), Bytes(frame));
   EXPECT_FALSE(in.ReadFrame(frame.data(), frame.bytes()) || in.ReadFrame(frame.data(), frame.bytes()));
   ASSERT_TRUE(cut.ReadFrame(frame.data(), frame.bytes()));
-  EXPECT_THROW(cut.ReadFrame(frame.data(), frame.bytes()), RunError);
+  EXPECT_THROW(cut.ReadFrame(frame.data(), frame.bytes()), UsageError);
   EXPECT_THROW(RawInput(dir / "none.rgba"), UsageError);
   EXPECT_THROW(RawOutput(dir / "no/dir/out.rgba"), UsageError);
 }

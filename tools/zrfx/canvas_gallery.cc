@@ -10,29 +10,18 @@
 #include "zrfx/canvas_handle.h"
 #include "zrfx/caption.h"
 #include "zrfx/gallery.h"
+#include "zrfx/pixel_formats.h"
 
 namespace zrfx {
 namespace {
-
-struct CanvasType {
-  unsigned int type;
-  const char* name;
-};
-
-// Layouts the gallery draws on. The factory is asked for each; a type that
-// it has no class for is listed as such instead.
-constexpr CanvasType kCanvasTypes[] = {
-    {pixelRGBA32, "pixelRGBA32"}, {pixelBGRA32, "pixelBGRA32"}, {pixelRGB24, "pixelRGB24"},
-    {pixelBGR24, "pixelBGR24"},   {pixelUYVY, "pixelUYVY"},     {pixelYUYV, "pixelYUYV"},
-    {pixelV210, "pixelV210"},     {pixelRGB48, "pixelRGB48"},   {pixelARGB64, "pixelARGB64"},
-};
 
 constexpr const char* kCalls =
     "EraseCanvas, Line (a fan of 24), LineHoriz, LineVert, Dash, Polyline, Rectangle, FillRect, RoundRect, "
     "Circle, Ellipse, Bezier, Label, and Point for the title";
 
 // Room for the widest layout (8 bytes a pixel) plus the pixel that
-// LineHoriz plots past its end on the PutPixel road.
+// LineHoriz plots past its end on the PutPixel road, and spare rows for
+// the read-backs that look at the next row (Bayer) or the next pixel (UV8).
 size_t BufferBytes(uint32_t width, uint32_t height) {
   return (static_cast<size_t>(width) * 8 + 256) * (height + 2);
 }
@@ -41,6 +30,8 @@ size_t BufferBytes(uint32_t width, uint32_t height) {
 constexpr uint32_t kFanColours[] = {0xFF3030FFu, 0xFF30A0FFu, 0xFF30FFFFu, 0xFF30FF30u,
                                     0xFFFFFF30u, 0xFFFF8030u, 0xFFFF30A0u, 0xFFFFFFFFu};
 
+// Every figure stays inside the frame down to the gallery's smallest size:
+// several canvases write wherever they are told.
 void DrawScene(CanvasHandle& canvas, uint32_t width, uint32_t height, const char* name) {
   const int w = static_cast<int>(width), h = static_cast<int>(height);
   canvas.SetColour(0xFF402010u);  // dark blue: EraseCanvas fills with the foreground colour
@@ -65,7 +56,7 @@ void DrawScene(CanvasHandle& canvas, uint32_t width, uint32_t height, const char
   for (int x = left + 8; x < right - 8; x += 12) canvas->LineVert(x, bottom - 40, bottom - 8);
   for (int y = bottom - 40; y <= bottom - 8; y += 8) canvas->LineHoriz(left + 8, y, right - 8);
   canvas.SetColour(0xFF00A0FFu);
-  canvas->Dash(left + 8, top + (bottom - top) / 2, right - 8, bottom - 48, 6, 4);
+  canvas->Dash(left + 8, top + (bottom - top) / 2, right - 8, std::max(top + 2, bottom - 48), 6, 4);
   canvas.SetColour(0xFFFF60FFu);
   std::vector<_POINT> zigzag;
   for (int x = left; x <= right; x += (right - left) / 8)
@@ -75,7 +66,7 @@ void DrawScene(CanvasHandle& canvas, uint32_t width, uint32_t height, const char
   canvas->Circle(cx, cy, r / 2);
   canvas->Ellipse(cx, cy, r, r / 3);
   canvas->Bezier(left, bottom, left + w / 8, top, right - w / 8, bottom, right, top);
-  canvas->Label(left + 12, top + (bottom - top) / 2 + 6, "Label", false, false);
+  canvas->Label(std::min(left + 12, w - 41), top + (bottom - top) / 2 + 6, "Label", false, false);
 
   canvas.SetColour(0xFFFFFFFFu);
   DrawCanvasText(canvas.get(), width, height, 6, 6, name, 2);
@@ -88,15 +79,17 @@ uint8_t ToByte(double component) {
   return v >= 255.0 ? 255 : v >= 0.0 ? static_cast<uint8_t>(v) : 0;
 }
 
-// The canvas's pixels as the canvas itself reads them back.
+// The canvas's pixels as the canvas itself reads them back, opaque: several
+// layouts report alpha 0 or leave it as the caller had it.
 Frame ReadBack(CanvasHandle& canvas, uint32_t width, uint32_t height) {
   Frame frame(width, height);
   for (uint32_t y = 0; y < height; ++y)
     for (uint32_t x = 0; x < width; ++x) {
-      double c[4];
+      double c[4] = {0.0, 0.0, 0.0, 1.0};
       canvas->GetPixelRGBA(static_cast<int>(x), static_cast<int>(y), c[0], c[1], c[2], c[3]);
       uint8_t* p = frame.Pixel(x, y);
-      for (int k = 0; k < 4; ++k) p[k] = ToByte(c[k]);
+      for (int k = 0; k < 3; ++k) p[k] = ToByte(c[k]);
+      p[3] = 255;
     }
   return frame;
 }
@@ -107,21 +100,23 @@ void AddCanvasGallery(ContactSheet& sheet, uint32_t width, uint32_t height) {
   sheet.BeginSection("Canvas drawing",
                      std::string("A canvas from qtGetDraw over a frame of each pixel type, drawn "
                                  "with ") +
-                         kCalls + "; read back with GetPixelRGBA for viewing.");
+                         kCalls + "; read back with GetPixelRGBA for viewing, shown opaque.");
   std::string missing;
   std::vector<uint8_t> buffer(BufferBytes(width, height));
-  for (const CanvasType& type : kCanvasTypes) {
-    if (!CanvasHandle::Supports(type.type)) {
-      missing.append(missing.empty() ? "" : ", ").append(type.name);
+  for (const PixelFormat& format : PixelFormats()) {
+    const std::string name = format.enumerator;
+    if (!CanvasHandle::Supports(format.type)) {
+      missing.append(missing.empty() ? "" : ", ").append(name);
       continue;
     }
     std::fill(buffer.begin(), buffer.end(), 0);
-    CanvasHandle handle(type.type, width, height, 0, buffer.data());
-    DrawScene(handle, width, height, type.name);
-    sheet.Add(std::string("canvas-") + type.name + ".png", ReadBack(handle, width, height),
-              std::string("qtGetDraw(") + type.name + " = " + std::to_string(type.type) + ", pitch " +
-                  std::to_string(handle->GetPitch()) + ")",
-              type.name);
+    CanvasHandle handle(format.type, width, height, 0, buffer.data());
+    DrawScene(handle, width, height, name.c_str());
+    sheet.Add("canvas-" + name + ".png", ReadBack(handle, width, height),
+              "qtGetDraw(" + name + " = " + std::to_string(format.type) + ", pitch " +
+                  std::to_string(handle->mPitch) + ")" +
+                  (format.rawName ? std::string(", ") + format.rawName : ""),
+              name);
   }
   if (!missing.empty()) sheet.AppendNote(" The library has no canvas class yet for " + missing + ".");
 }

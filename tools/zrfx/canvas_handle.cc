@@ -1,12 +1,26 @@
 #include "zrfx/canvas_handle.h"
 
+#include <algorithm>
+#include <type_traits>
+
 #include "zrfx/errors.h"
 
 namespace zrfx {
+namespace {
+
+template <class Canvas, size_t N>
+void StoreChannels(void* object, const uint32_t (&words)[N], bool foreground) {
+  static_assert(N == std::extent_v<decltype(Canvas::mForeChannel)>);
+  Canvas* canvas = static_cast<Canvas*>(object);
+  std::copy(words, words + N, foreground ? canvas->mForeChannel : canvas->mBackChannel);
+}
+
+}  // namespace
 
 CanvasHandle::CanvasHandle(unsigned int type, uint32_t width, uint32_t height, uint32_t pitch,
                            uint8_t* buffer)
-    : canvas_(qtGetDraw(type, static_cast<int>(width), static_cast<int>(height), static_cast<int>(pitch),
+    : type_(type),
+      canvas_(qtGetDraw(type, static_cast<int>(width), static_cast<int>(height), static_cast<int>(pitch),
                         reinterpret_cast<char*>(buffer))) {
   if (!canvas_) throw RunError("the library has no canvas for pixel type " + std::to_string(type));
 }
@@ -22,10 +36,26 @@ bool CanvasHandle::Supports(unsigned int type) {
 }
 
 void CanvasHandle::SetColour(uint32_t rgba, bool foreground) {
-  // The canvas stores each component times 255, truncated: the half step
-  // keeps an 8-bit value exact through the division.
-  auto component = [rgba](int k) { return ((rgba >> (8 * k) & 0xFF) + 0.5) / 255.0; };
+  // The 8-bit RGB and Bayer canvases store each component times 255,
+  // truncated: the half step keeps an 8-bit value exact through the
+  // division. The others take the plain fraction, so that 255 stays 1.0: the
+  // 10-bit RGB canvas carries a component above 1 into the next field.
+  const bool eightBit =
+      (type_ >= pixelRGBA32 && type_ <= pixelBGR24) || (type_ >= pixelBayerBGGR && type_ <= pixelBayerGRBG2);
+  const double half = eightBit ? 0.5 : 0.0;
+  auto component = [rgba, half](int k) { return ((rgba >> (8 * k) & 0xFF) + half) / 255.0; };
   canvas_->SetColorRGBA(component(0), component(1), component(2), component(3), foreground);
+
+  // The 16-bit RGB canvases draw with words of their own, which no setter of
+  // the library changes: a host writes them. An 8-bit c becomes c * 257, the
+  // same fraction of 65535. dynamic_cast<void*> gives the whole object, of
+  // the class that the factory makes for the type.
+  auto word = [rgba](int k) { return (rgba >> (8 * k) & 0xFF) * 257; };
+  const uint32_t rgb[] = {word(0), word(1), word(2)}, argb[] = {word(3), word(0), word(1), word(2)};
+  void* object = dynamic_cast<void*>(canvas_);
+  if (type_ == pixelRGB48) StoreChannels<CDrawRGB48>(object, rgb, foreground);
+  if (type_ == pixelRGBHalf48) StoreChannels<CDrawRGBHalf48>(object, rgb, foreground);
+  if (type_ == pixelARGB64 || type_ == pixelARGBHalf64) StoreChannels<CDrawARGB64>(object, argb, foreground);
 }
 
 }  // namespace zrfx

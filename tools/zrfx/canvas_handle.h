@@ -25,10 +25,12 @@ class CanvasHandle {
   // Whether the library has a canvas class for `type`.
   static bool Supports(unsigned int type);
 
-  // Sets the foreground (or background) colour from 8-bit components.
+  // Sets the foreground (or background) colour from 8-bit components, the
+  // same on every layout.
   void SetColour(uint32_t rgba, bool foreground = true);
 
  private:
+  unsigned int type_;
   ZrDraw* canvas_ = nullptr;
 };
 

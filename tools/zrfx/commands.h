@@ -9,6 +9,7 @@ int GalleryCommand(int argc, char** argv, int first);
 int WipeCommand(int argc, char** argv, int first);
 int TransitionCommand(int argc, char** argv, int first);
 int MuxCommand(int argc, char** argv, int first);
+int DrawCommand(int argc, char** argv, int first);
 
 }  // namespace zrfx
 

@@ -1,7 +1,7 @@
 // The two kinds of failure the tool reports. Each ends the run with one line
 // on standard error: a UsageError (bad arguments, unreadable or mismatched
-// input) with exit status 2, a RunError (a write that failed, a stream that
-// broke off) with exit status 1.
+// input, a stream that ends inside a frame) with exit status 2, a RunError
+// (a read or write that failed) with exit status 1.
 #ifndef ZRFX_ERRORS_H
 #define ZRFX_ERRORS_H
 

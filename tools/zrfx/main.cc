@@ -13,7 +13,7 @@ namespace {
 constexpr const char* kHelp =
     "usage: zrfx [COMMAND] [OPTIONS]\n"
     "\n"
-    "See and apply the transitions and mux modes of zrdraw.\n"
+    "See and apply the transitions and mux modes of zrdraw, and draw on raw frames.\n"
     "\n"
     "  zrfx [gallery] [--out DIR] [--size WxH] [--sheet-png]\n"
     "      Render every wipe, mux mode and canvas drawing on two built-in\n"
@@ -22,9 +22,14 @@ constexpr const char* kHelp =
     "  zrfx transition --code N --frames F A.png B.png -o OUT_%03d.png\n"
     "  zrfx mux --mode NAME [--flag F]... A.png B.png -o OUT.png\n"
     "      transition and mux also take --raw WxH: streams of packed RGBA frames.\n"
+    "  zrfx draw --raw WxH --pix FMT [--grid N] [--rect L,T,R,B] [--fill L,T,R,B]\n"
+    "            [--colour RRGGBB] [-i IN] [-o OUT]\n"
+    "      Draw a grid and rectangles on a stream of raw frames in their own\n"
+    "      pixel layout; zrfx draw --help lists the layouts.\n"
     "\n"
     "Run zrfx COMMAND --help for the options of each. Errors in the arguments\n"
-    "or the input exit with status 2, failures to write with status 1.\n";
+    "or the input, a stream that ends inside a frame included, exit with\n"
+    "status 2; failures to read or write with status 1.\n";
 
 struct Command {
   const char* name;
@@ -32,10 +37,8 @@ struct Command {
 };
 
 constexpr Command kCommands[] = {
-    {"gallery", zrfx::GalleryCommand},
-    {"wipe", zrfx::WipeCommand},
-    {"transition", zrfx::TransitionCommand},
-    {"mux", zrfx::MuxCommand},
+    {"gallery", zrfx::GalleryCommand}, {"wipe", zrfx::WipeCommand}, {"transition", zrfx::TransitionCommand},
+    {"mux", zrfx::MuxCommand},         {"draw", zrfx::DrawCommand},
 };
 
 int Run(int argc, char** argv) {

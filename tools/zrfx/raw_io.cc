@@ -1,6 +1,7 @@
 #include "zrfx/raw_io.h"
 
 #include <fcntl.h>
+#include <sys/stat.h>
 #include <unistd.h>
 
 #include <cerrno>
@@ -24,6 +25,15 @@ RawInput::~RawInput() {
   if (fd_ != STDIN_FILENO) close(fd_);
 }
 
+void RawInput::ExpectWholeFrames(size_t bytes, const std::string& what) const {
+  struct stat info;
+  if (fstat(fd_, &info) != 0 || !S_ISREG(info.st_mode)) return;
+  const off_t at = lseek(fd_, 0, SEEK_CUR);  // standard input may start inside the file
+  if (at < 0 || at > info.st_size || (info.st_size - at) % bytes == 0) return;
+  throw UsageError(path_ + " holds " + std::to_string(info.st_size - at) + " bytes, not a whole number of " +
+                   what + " of " + std::to_string(bytes) + " bytes");
+}
+
 bool RawInput::ReadFrame(uint8_t* frame, size_t bytes) {
   size_t got = 0;
   while (got < bytes) {
@@ -35,8 +45,9 @@ bool RawInput::ReadFrame(uint8_t* frame, size_t bytes) {
   }
   if (got == 0) return false;
   if (got < bytes)
-    throw RunError(path_ + " ends inside frame " + std::to_string(framesRead_) + " (" + std::to_string(got) +
-                   " of " + std::to_string(bytes) + " bytes): is the --raw size right?");
+    throw UsageError(path_ + " ends inside frame " + std::to_string(framesRead_) + " (" +
+                     std::to_string(got) + " of " + std::to_string(bytes) +
+                     " bytes): is the frame size right?");
   ++framesRead_;
   return true;
 }

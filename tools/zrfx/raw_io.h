@@ -1,7 +1,7 @@
-// Streams of packed RGBA frames, as `ffmpeg -f rawvideo -pix_fmt rgba`
-// reads and writes them: files, pipes, or "-" for standard input and
-// output. One frame at a time passes through the caller's buffer, so a
-// stream of any length runs in constant memory.
+// Streams of raw frames, as `ffmpeg -f rawvideo` reads and writes them:
+// files, pipes, or "-" for standard input and output. One frame at a time
+// passes through the caller's buffer, so a stream of any length runs in
+// constant memory.
 #ifndef ZRFX_RAW_IO_H
 #define ZRFX_RAW_IO_H
 
@@ -19,8 +19,13 @@ class RawInput {
   RawInput(const RawInput&) = delete;
   RawInput& operator=(const RawInput&) = delete;
 
+  // Throws UsageError when the input is a file whose size is not a whole
+  // number of frames of `bytes` bytes (`what`: "24x10 rgba frames"), so that
+  // a wrong frame size shows before any output. Pipes pass.
+  void ExpectWholeFrames(size_t bytes, const std::string& what) const;
   // Reads the next frame of `bytes` bytes. False at the end of the stream;
-  // throws RunError when the stream ends inside a frame or cannot be read.
+  // throws UsageError when the stream ends inside a frame, RunError when it
+  // cannot be read.
   bool ReadFrame(uint8_t* frame, size_t bytes);
 
  private:
