@@ -8,11 +8,12 @@
 namespace zrfx {
 namespace {
 
+// The words of a 16-bit RGB canvas of class Canvas; other canvases are left alone.
 template <class Canvas, size_t N>
-void StoreChannels(void* object, const uint32_t (&words)[N], bool foreground) {
+void StoreChannels(ZrDraw* handle, const uint32_t (&words)[N], bool foreground) {
   static_assert(N == std::extent_v<decltype(Canvas::mForeChannel)>);
-  Canvas* canvas = static_cast<Canvas*>(object);
-  std::copy(words, words + N, foreground ? canvas->mForeChannel : canvas->mBackChannel);
+  if (Canvas* canvas = dynamic_cast<Canvas*>(handle))
+    std::copy(words, words + N, foreground ? canvas->mForeChannel : canvas->mBackChannel);
 }
 
 }  // namespace
@@ -48,14 +49,12 @@ void CanvasHandle::SetColour(uint32_t rgba, bool foreground) {
 
   // The 16-bit RGB canvases draw with words of their own, which no setter of
   // the library changes: a host writes them. An 8-bit c becomes c * 257, the
-  // same fraction of 65535. dynamic_cast<void*> gives the whole object, of
-  // the class that the factory makes for the type.
+  // same fraction of 65535.
   auto word = [rgba](int k) { return (rgba >> (8 * k) & 0xFF) * 257; };
   const uint32_t rgb[] = {word(0), word(1), word(2)}, argb[] = {word(3), word(0), word(1), word(2)};
-  void* object = dynamic_cast<void*>(canvas_);
-  if (type_ == pixelRGB48) StoreChannels<CDrawRGB48>(object, rgb, foreground);
-  if (type_ == pixelRGBHalf48) StoreChannels<CDrawRGBHalf48>(object, rgb, foreground);
-  if (type_ == pixelARGB64 || type_ == pixelARGBHalf64) StoreChannels<CDrawARGB64>(object, argb, foreground);
+  StoreChannels<CDrawRGB48>(canvas_, rgb, foreground);
+  StoreChannels<CDrawRGBHalf48>(canvas_, rgb, foreground);
+  StoreChannels<CDrawARGB64>(canvas_, argb, foreground);
 }
 
 }  // namespace zrfx
