@@ -6,6 +6,7 @@
 #include <cstdint>
 #include <cstring>
 
+#include "backends/raw_geometry.h"
 #include "canvas/convert.h"
 #include "zrbackends.h"
 
@@ -56,29 +57,6 @@ uint16_t Word(const unsigned char* p, int k) {
 unsigned char* Cell(ZrPixel& c, int x, int y, unsigned int stride) {
   const uint32_t row = static_cast<uint32_t>(y) * c.mPitch;
   return reinterpret_cast<unsigned char*>(c.mpCanvas) + (int64_t{row} + int64_t{stride} * x);
-}
-
-template <class Canvas>
-int SetCanvasOf(Canvas& c, char* buffer, int height, int width, int pitch) {
-  c.ZrPixel::SetCanvas(buffer, height, width, pitch);
-  // The raw arguments replace what ZrPixel stored: a negative height or
-  // width stays as a huge unsigned number, and rows are never bottom-up.
-  c.mHeight = static_cast<unsigned int>(height);
-  c.mWidth = static_cast<unsigned int>(width);
-  c.mPitch = static_cast<unsigned int>(pitch);
-  c.mpCanvas = buffer;
-  c.mbBottomUp = false;
-  const unsigned int row = kLayout<Canvas>.stride * c.mWidth;
-  if (row > c.mPitch) c.mPitch = row;
-  // Over 720 pixels a 709 matrix is kept or chosen, else a 601 one.
-  const int mode = c.mYCbCrMode;
-  if (width > 720) {
-    if (mode != ZrPixel::cmYCbCr709Studio && mode != ZrPixel::cmYCbCr709Full)
-      c.mYCbCrMode = ZrPixel::cmYCbCr709Studio;
-  } else if (mode != ZrPixel::cmYCbCr601Studio && mode != ZrPixel::cmYCbCr601Full) {
-    c.mYCbCrMode = ZrPixel::cmYCbCr601Studio;
-  }
-  return 0;
 }
 
 template <class Canvas>
@@ -230,7 +208,7 @@ CDrawUV16::CDrawUV16(pixelType type)
 #define ZR_COMPONENT_CANVAS(Canvas)                                                                   \
   Canvas::~Canvas() = default;                                                                        \
   int Canvas::SetCanvas(char* buffer, int height, int width, int pitch) {                             \
-    return SetCanvasOf(*this, buffer, height, width, pitch);                                          \
+    return zr::backends::SetRawCanvas(*this, buffer, height, width, pitch, kLayout<Canvas>.stride);   \
   }                                                                                                   \
   /* Only the pitch-0 value that SetCanvas corrects: less than a row. */                              \
   int Canvas::GetPitch() { return static_cast<int>(2 * mWidth); }                                     \

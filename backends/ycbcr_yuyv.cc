@@ -4,6 +4,7 @@
 #include <cstdint>
 
 #include "backends/group_words.h"
+#include "backends/raw_geometry.h"
 #include "canvas/convert.h"
 #include "platform/int_divide.h"
 #include "zrbackends.h"
@@ -120,24 +121,7 @@ CDrawYCbCrYUYV::CDrawYCbCrYUYV(pixelType type)
 CDrawYCbCrYUYV::~CDrawYCbCrYUYV() = default;
 
 int CDrawYCbCrYUYV::SetCanvas(char* buffer, int height, int width, int pitch) {
-  ZrPixel::SetCanvas(buffer, height, width, pitch);
-  // The raw arguments replace what the base made of them, so a negative
-  // height or width stays a huge unsigned number. Hosts rely on it; keep.
-  mpCanvas = buffer;
-  mHeight = static_cast<unsigned int>(height);
-  mWidth = static_cast<unsigned int>(width);
-  mPitch = static_cast<unsigned int>(pitch);
-  mbBottomUp = false;
-  if (2 * mWidth > mPitch) mPitch = 2 * mWidth;
-  // Wide frames keep a 709 matrix, narrow ones a 601 matrix; anything else
-  // becomes the studio form.
-  const int mode = mYCbCrMode;
-  if (width > 720) {
-    if (mode != cmYCbCr709Studio && mode != cmYCbCr709Full) mYCbCrMode = cmYCbCr709Studio;
-  } else if (mode != cmYCbCr601Studio && mode != cmYCbCr601Full) {
-    mYCbCrMode = cmYCbCr601Studio;
-  }
-  return 0;
+  return zr::backends::SetRawCanvas(*this, buffer, height, width, pitch, 2);
 }
 
 int CDrawYCbCrYUYV::GetPitch() { return static_cast<int>(2 * mWidth); }
