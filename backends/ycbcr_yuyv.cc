@@ -42,10 +42,12 @@ uint32_t GroupWord(const GroupLayout& l, uint32_t y, uint32_t cb, uint32_t cr) {
 
 // num mod den, unsigned; a zero den divides by zero as the build's processor
 // does (on aarch64 the quotient is 0, which leaves num).
-uint32_t Wrap(uint32_t num, uint32_t den) {
-  if (num < den) return num;  // the usual case, without a division
+[[gnu::noinline, gnu::cold]] uint32_t Remainder(uint32_t num, uint32_t den) {
   return num - zr::platform::DivideOrFault(num, den) * den;
 }
+
+// The usual case, a coordinate in range, needs no division.
+uint32_t Wrap(uint32_t num, uint32_t den) { return num < den ? num : Remainder(num, den); }
 
 // GetPixelRGBA in 8-bit code values, with t = yScale (Y - yOffset):
 // R = t + rCr (Cr - c), G = t - gCr (Cr - c) - gCb (Cb - c) (the Cb term first
