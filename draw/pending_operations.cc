@@ -14,7 +14,6 @@ int ZrDraw::Bezier(int, int, int, int, int, int, int, int) { return 0; }
 int ZrDraw::PolyBezier(const _POINT*, unsigned int) { return 0; }
 int ZrDraw::PolyBezierTo(const _POINT*, unsigned int) { return 0; }
 int ZrDraw::Pie(int, int, int, int, int, int, int, int) { return 0; }
-int ZrDraw::Label(int, int, const char*, bool, bool) { return 0; }
 int ZrDraw::EMFOpen(const char*) { return 0; }
 int ZrDraw::EMFGetSize(int&, int&) { return 0; }
 int ZrDraw::EMFClose() { return 0; }
