@@ -1,7 +1,7 @@
-// Operations whose subsystems have not landed yet: the curves, the label
-// text and the metafile headers. They exist so that every slot of the
-// virtual table is filled; until their own sources replace this file each
-// draws nothing and returns 0.
+// Operations whose subsystems have not landed yet: the curves and the
+// metafile headers. They exist so that every slot of the virtual table is
+// filled; until their own sources replace this file each draws nothing and
+// returns 0.
 #include "zrdrawobject.h"
 
 int ZrDraw::Circle(int, int, int) { return 0; }
