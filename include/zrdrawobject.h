@@ -15,6 +15,14 @@ extern ZR_EXPORT const unsigned char gFont8x10[2560];
 // Offered to callers; the library does not read it.
 extern ZR_EXPORT const unsigned char fontmap[128];
 
+// The first and last points of the latest Arc, shared by every canvas of the
+// process: Arc writes them and Pie draws its spokes from them, so neither is
+// re-entrant across canvases or threads.
+extern ZR_EXPORT int xStartArc;
+extern ZR_EXPORT int yStartArc;
+extern ZR_EXPORT int xEndArc;
+extern ZR_EXPORT int yEndArc;
+
 // Argument types of the empty operations Filter and Scale: no value of
 // theirs has an effect.
 enum zrFilterType : int {};

@@ -1,0 +1,60 @@
+// The whole-degree walk shared by the arc operations: angles truncated to
+// whole degrees, the end raised past the start by whole turns, one chord per
+// degree through the virtual Line.
+#ifndef ZR_DRAW_ARC_STEPS_H
+#define ZR_DRAW_ARC_STEPS_H
+
+#include <cmath>
+#include <cstdint>
+
+#include "canvas/convert.h"
+#include "zrdrawobject.h"
+
+namespace zr::arcs {
+
+// Degrees and radians convert with a pi of 3.14: every arc's look depends on
+// it, and hosts rely on that look; keep it.
+inline constexpr double kDegreesPerRadian = 57.324840764331206;
+inline constexpr double kRadiansPerDegree = 0.017444444444444446;
+
+// A float angle truncated toward zero; NaN and angles outside the 32-bit
+// range give INT32_MIN, as the SSE conversion does.
+inline int32_t WholeDegrees(float angle) { return TruncToI32(angle); }
+
+// An end below the start rises by 360 × (1 + (a0 - a1 - 1) / 360), divided
+// unsigned and summed in 32 bits: the first value at or above a0 that is
+// whole turns from a1, or a wrapped one near the top of the range.
+inline int32_t SweepEnd(int32_t a0, int32_t a1) {
+  if (a1 >= a0) return a1;
+  const uint32_t turns = 1 + (static_cast<uint32_t>(a0) - static_cast<uint32_t>(a1) - 1) / 360;
+  return static_cast<int32_t>(static_cast<uint32_t>(a1) + 360u * turns);
+}
+
+// Cosine and sine of a whole-degree angle, in double and then rounded to
+// float. The angle is reduced by a truncating remainder first, so a full
+// turn closes.
+struct Direction {
+  explicit Direction(int32_t degrees) {
+    const double r = (degrees % 360) * kRadiansPerDegree;
+    cos = static_cast<float>(std::cos(r));
+    sin = static_cast<float>(std::sin(r));
+  }
+  float cos, sin;
+};
+
+// Chords from the point of a0 to that of each whole degree up to a1 (none
+// when a1 is not above a0), through the virtual Line. Returns the last point.
+template <class PointAt>
+_POINT Sweep(ZrDraw& draw, int32_t a0, int32_t a1, _POINT from, PointAt point_at) {
+  const uint32_t steps = a1 > a0 ? static_cast<uint32_t>(a1) - static_cast<uint32_t>(a0) : 0;
+  for (uint32_t i = 0; i < steps; ++i) {
+    const _POINT to = point_at(static_cast<int32_t>(static_cast<uint32_t>(a0) + i + 1));
+    draw.Line(from.x, from.y, to.x, to.y);
+    from = to;
+  }
+  return from;
+}
+
+}  // namespace zr::arcs
+
+#endif
