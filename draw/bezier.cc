@@ -30,6 +30,23 @@ struct Split {
 
 // Each curve starts at the last point of the one before. Four points make
 // no accepted count: hosts rely on the refusal; keep it.
+// The split of a curve inside the 32-bit range halves it at every level,
+// so it is flat well within 40 levels. Past 2^30 the pairwise sums wrap and
+// a sub-curve can come back unchanged, which would recurse until the stack
+// ran out: a curve whose split reaches this depth is abandoned, and what it
+// drew until then stays.
+constexpr int kMaxSplitDepth = 256;
+thread_local int splitDepth = 0;
+thread_local bool abandoned = false;
+
+class SplitLevel {
+ public:
+  SplitLevel() { ++splitDepth; }
+  ~SplitLevel() { --splitDepth; }
+  SplitLevel(const SplitLevel&) = delete;
+  SplitLevel& operator=(const SplitLevel&) = delete;
+};
+
 bool CountFits(unsigned int count) { return count >= 5 && count % 3 == 1; }
 
 void DrawCurves(ZrDraw& draw, const _POINT* p, unsigned int count) {
@@ -42,6 +59,11 @@ void DrawCurves(ZrDraw& draw, const _POINT* p, unsigned int count) {
 int ZrDraw::Bezier(int x0, int y0, int x1, int y1, int x2, int y2, int x3, int y3) {
   // Also how a sub-curve shrunk to a point ends the recursion.
   if (x0 == x3 && y0 == y3) return -1;
+  if (splitDepth == 0) abandoned = false;
+  if (abandoned || splitDepth >= kMaxSplitDepth) {
+    abandoned = true;
+    return 0;
+  }
   // The chord as A x + B y + C = 0, in 32 bits and then in double.
   const int32_t a32 = Sub(y3, y0);
   const double a = a32, b = Sub(x0, x3), c = Sub(Mul(Sub(x3, x0), y0), Mul(a32, x0));
@@ -58,6 +80,7 @@ int ZrDraw::Bezier(int x0, int y0, int x1, int y1, int x2, int y2, int x3, int y
   }
   const Split x(x0, x1, x2, x3), y(y0, y1, y2, y3);
   const int32_t mx = x.Mid(), my = y.Mid();
+  const SplitLevel level;
   Bezier(x0, y0, TruncToI32(x.s01 * 0.5), TruncToI32(y.s01 * 0.5), TruncToI32(x.t012 * 0.25),
          TruncToI32(y.t012 * 0.25), mx, my);
   Bezier(mx, my, TruncToI32(x.t123 * 0.25), TruncToI32(y.t123 * 0.25), TruncToI32(x.s23 * 0.5),
