@@ -94,13 +94,6 @@ void Apply(const GroupMatrix& m, int y, int cb, int cr, double& r, double& g, do
   b = (t + m.bCb * cbTerm) * m.scale;
 }
 
-void Clamp01(double& v) {
-  if (v > 1.0)
-    v = 1.0;
-  else if (v < 0.0)
-    v = 0.0;
-}
-
 }  // namespace
 
 CDrawYCbCrYUYV::CDrawYCbCrYUYV(pixelType type)
@@ -217,9 +210,7 @@ int CDrawYCbCrYUYV::GetPixelRGBA(int x, int y, double& r, double& g, double& b, 
     }
   }
   if (mYCbCrMode <= 999) {
-    Clamp01(r);
-    Clamp01(g);
-    Clamp01(b);
+    zr::ClampRgb01(r, g, b);
   }
   // Alpha comes back 0.0 on every path; hosts rely on it, keep it.
   a = 0.0;

@@ -2,19 +2,9 @@
 // matrix named by mYCbCrMode. One branch a mode with literal coefficients,
 // summed in a fixed order, because hosts compare low bits: the coefficients
 // do not all round alike and are not to be folded into one generic matrix.
+#include "canvas/convert.h"
 #include "canvas/hsv.h"
 #include "zrpixel.h"
-
-namespace {
-
-void Clamp01(double& v) {
-  if (v > 1.0)
-    v = 1.0;
-  else if (v < 0.0)
-    v = 0.0;
-}
-
-}  // namespace
 
 int ZrPixel::YCbCrToRGB(double y, double cb, double cr, double, double& r, double& g, double& b,
                         double& alpha) {
@@ -82,9 +72,7 @@ int ZrPixel::YCbCrToRGB(double y, double cb, double cr, double, double& r, doubl
       break;
   }
   if (mode <= 999) {
-    Clamp01(r);
-    Clamp01(g);
-    Clamp01(b);
+    zr::ClampRgb01(r, g, b);
   }
   // The input alpha is not used: alpha always comes back 0.0.
   alpha = 0.0;

@@ -4,6 +4,7 @@
 #define ZR_CANVAS_CONVERT_H
 
 #include <cstdint>
+#include <initializer_list>
 
 namespace zr {
 
@@ -25,6 +26,16 @@ inline int32_t TruncToI32(double v) {
 
 // The low byte of a truncated value: how a component × 255.0 becomes a byte.
 inline uint8_t TruncToByte(double v) { return static_cast<uint8_t>(TruncToU32(v)); }
+
+// Holds each of r, g and b to 0 to 1, as the clamped colour matrices do.
+inline void ClampRgb01(double& r, double& g, double& b) {
+  for (double* v : {&r, &g, &b}) {
+    if (*v > 1.0)
+      *v = 1.0;
+    else if (*v < 0.0)
+      *v = 0.0;
+  }
+}
 
 }  // namespace zr
 
