@@ -4,6 +4,7 @@
 #ifndef ZR_DRAW_ARC_STEPS_H
 #define ZR_DRAW_ARC_STEPS_H
 
+#include <algorithm>
 #include <cmath>
 #include <cstdint>
 
@@ -42,15 +43,35 @@ struct Direction {
   float cos, sin;
 };
 
+// Whole turns that a walk of `steps` chords on one side of angle 0 may skip.
+// There every chord repeats each turn, since a point depends only on the
+// truncating remainder of its angle. A NaN or huge angle asks for billions of
+// degrees, minutes of drawing: the walk skips whole turns, a multiple of 256
+// of them, and keeps at least 256 after the skip. Each skipped chord is drawn
+// again later, so plain and masked stores leave the same bytes, and the
+// additive road, which wraps every 256 passes, the same sums; only a blended
+// colour sees fewer passes of the same chord.
+inline int64_t SkippedTurns(int64_t steps) {
+  constexpr int64_t kKept = 256;
+  const int64_t turns = steps / 360;
+  return turns < 2 * kKept ? 0 : turns - turns % kKept - kKept;
+}
+
 // Chords from the point of a0 to that of each whole degree up to a1 (none
 // when a1 is not above a0), through the virtual Line. Returns the last point.
 template <class PointAt>
 _POINT Sweep(ZrDraw& draw, int32_t a0, int32_t a1, _POINT from, PointAt point_at) {
-  const uint32_t steps = a1 > a0 ? static_cast<uint32_t>(a1) - static_cast<uint32_t>(a0) : 0;
-  for (uint32_t i = 0; i < steps; ++i) {
-    const _POINT to = point_at(static_cast<int32_t>(static_cast<uint32_t>(a0) + i + 1));
-    draw.Line(from.x, from.y, to.x, to.y);
-    from = to;
+  int64_t a = a0;
+  while (a < a1) {
+    // Chords up to angle 0 join points of negative angles, those after it
+    // points of positive ones: each side repeats by itself.
+    const int64_t sideEnd = a < 0 ? std::min<int64_t>(a1, 0) : a1;
+    a += 360 * SkippedTurns(sideEnd - a);
+    for (; a < sideEnd; ++a) {
+      const _POINT to = point_at(static_cast<int32_t>(a + 1));
+      draw.Line(from.x, from.y, to.x, to.y);
+      from = to;
+    }
   }
   return from;
 }

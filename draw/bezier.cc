@@ -28,15 +28,18 @@ struct Split {
   double t012, t123;
 };
 
-// Each curve starts at the last point of the one before. Four points make
-// no accepted count: hosts rely on the refusal; keep it.
 // The split of a curve inside the 32-bit range halves it at every level,
 // so it is flat well within 40 levels. Past 2^30 the pairwise sums wrap and
 // a sub-curve can come back unchanged, which would recurse until the stack
-// ran out: a curve whose split reaches this depth is abandoned, and what it
-// drew until then stays.
+// ran out; and past about 2^16 the chord's C wraps, so the flatness test
+// fails until the pieces are a few pixels long: a curve 2^28 pixels across
+// would take minutes. A curve whose split reaches 256 levels, or 2^20
+// sub-curves (curves within +-2^20 need a few thousand at most), is
+// abandoned, and what it drew until then stays.
 constexpr int kMaxSplitDepth = 256;
+constexpr uint32_t kMaxSubCurves = 1u << 20;
 thread_local int splitDepth = 0;
+thread_local uint32_t subCurvesLeft = 0;
 thread_local bool abandoned = false;
 
 class SplitLevel {
@@ -47,6 +50,8 @@ class SplitLevel {
   SplitLevel& operator=(const SplitLevel&) = delete;
 };
 
+// Each curve starts at the last point of the one before. Four points make
+// no accepted count: hosts rely on the refusal; keep it.
 bool CountFits(unsigned int count) { return count >= 5 && count % 3 == 1; }
 
 void DrawCurves(ZrDraw& draw, const _POINT* p, unsigned int count) {
@@ -59,8 +64,11 @@ void DrawCurves(ZrDraw& draw, const _POINT* p, unsigned int count) {
 int ZrDraw::Bezier(int x0, int y0, int x1, int y1, int x2, int y2, int x3, int y3) {
   // Also how a sub-curve shrunk to a point ends the recursion.
   if (x0 == x3 && y0 == y3) return -1;
-  if (splitDepth == 0) abandoned = false;
-  if (abandoned || splitDepth >= kMaxSplitDepth) {
+  if (splitDepth == 0) {
+    abandoned = false;
+    subCurvesLeft = kMaxSubCurves;
+  }
+  if (abandoned || splitDepth >= kMaxSplitDepth || subCurvesLeft-- == 0) {
     abandoned = true;
     return 0;
   }

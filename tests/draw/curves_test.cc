@@ -5,6 +5,7 @@
 
 #include <algorithm>
 #include <cstdint>
+#include <cstring>
 #include <limits>
 #include <string>
 #include <vector>
@@ -161,4 +162,36 @@ TEST(Curves, BezierWhoseSplitWrapsEnds) {
   EXPECT_EQ(0, r.Bezier(-689524545, -1245572253, -438156910, 160707357, 942824779, -1543384717, 326175888,
                         808172563));
   EXPECT_EQ(129888013u, zr::test::Crc32(r.log.data(), 4 * r.log.size()));
+}
+
+// A NaN or huge angle asks for billions of degrees. The walk skips whole
+// turns by the 256 after which the additive road's wrapped sums repeat, so
+// on an additive canvas it leaves what a walk of the same length modulo 256
+// turns, ending on the same degree, leaves. (2^31 = 5965232 turns + 128
+// degrees, 5965232 = 176 mod 256; 2e9 = 5555555 turns + 200, 99 mod 256.)
+TEST(Curves, SweepsOfBillionsOfDegreesSkipWholeTurns) {
+  const float nan = std::numeric_limits<float>::quiet_NaN();
+  const float sweeps[][4] = {{nan, 5.0f, -(176 * 360 + 128), 5.0f}, {0.0f, 2e9f, 0.0f, 99 * 360 + 200}};
+  for (const auto& s : sweeps) {
+    TestCanvas huge(pixelRGBA32, 24, 24, 0, 24 * 24 * 4), shortWalk(pixelRGBA32, 24, 24, 0, 24 * 24 * 4);
+    for (TestCanvas* c : {&huge, &shortWalk}) {
+      (*c)->SetAlphaAdditive(true);
+      (*c)->mForeColor = 0xFF000301u;  // adds 1 to red and 3 to green at each pass
+    }
+    huge->AngleArc(12, 12, 9, s[0], s[1]);
+    shortWalk->AngleArc(12, 12, 9, s[2], s[3]);
+    EXPECT_EQ(0, std::memcmp(huge.rows(), shortWalk.rows(), 24 * 24 * 4)) << s[0] << " to " << s[1];
+    EXPECT_NE(0x11111111u, huge.Word(4 * (12 * 24 + 21)));  // the point of angle 0
+  }
+}
+
+// Past 2^16 the chord's C wraps and the flatness test fails until the pieces
+// are pixels long; a curve 2^29 pixels across is abandoned after 2^20
+// sub-curves, keeping the chords drawn until then.
+TEST(Curves, BezierFarOutsideEnds) {
+  Recorder r;
+  EXPECT_EQ(0, r.Bezier(-(1 << 28), 5, 1 << 28, -(1 << 28), 3, 1 << 28, (1 << 28) - 7, 9));
+  // The limit, and one call more for each level the split had open.
+  EXPECT_EQ((1 << 20) + 9, std::count(r.log.begin(), r.log.end(), -4));
+  EXPECT_EQ(924850961u, zr::test::Crc32(r.log.data(), 4 * r.log.size()));
 }
