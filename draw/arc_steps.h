@@ -33,14 +33,27 @@ inline int32_t SweepEnd(int32_t a0, int32_t a1) {
 
 // Cosine and sine of a whole-degree angle, in double and then rounded to
 // float. The angle is reduced by a truncating remainder first, so a full
-// turn closes.
-struct Direction {
+// turn closes. The 719 remainders are computed once, by the same functions.
+class Direction {
+ public:
   explicit Direction(int32_t degrees) {
-    const double r = (degrees % 360) * kRadiansPerDegree;
-    cos = static_cast<float>(std::cos(r));
-    sin = static_cast<float>(std::sin(r));
+    static const Table table;
+    cos = table.cos[degrees % 360 + 359];
+    sin = table.sin[degrees % 360 + 359];
   }
   float cos, sin;
+
+ private:
+  struct Table {
+    Table() {
+      for (int i = 0; i < 719; ++i) {
+        const double r = (i - 359) * kRadiansPerDegree;
+        cos[i] = static_cast<float>(std::cos(r));
+        sin[i] = static_cast<float>(std::sin(r));
+      }
+    }
+    float cos[719], sin[719];
+  };
 };
 
 // Whole turns that a walk of `steps` chords on one side of angle 0 may skip.
