@@ -29,6 +29,8 @@ class RawInput {
   // throws UsageError when the stream ends inside a frame, RunError when it
   // cannot be read.
   bool ReadFrame(uint8_t* frame, size_t bytes);
+  // "standard input" or the path, for messages.
+  const std::string& name() const { return path_; }
 
  private:
   std::string path_;
