@@ -50,7 +50,8 @@ constexpr const char* kHelp =
     "                  that size ('-' is standard input); each pair of frames\n"
     "                  gives one output frame until the shorter stream ends. The\n"
     "                  frames go to the file OUT, or to standard output with -o -.\n"
-    "  -o OUT.png      the output; it has an alpha channel when an input has one\n"
+    "  -o OUT.png      the output (- for standard output); it has an alpha\n"
+    "                  channel when an input has one\n"
     "\n";
 
 // Everything but the defaults that depend on the picture size.
