@@ -23,6 +23,14 @@ std::vector<WipeFamily> ListFamilies() {
   return families;
 }
 
+// Appends `range`, joined to the last one where they meet.
+void AddRange(std::vector<NumberRange>& ranges, NumberRange range) {
+  if (!ranges.empty() && ranges.back().last + 1 == range.first)
+    ranges.back().last = range.last;
+  else
+    ranges.push_back(range);
+}
+
 }  // namespace
 
 std::span<const WipeFamily> WipeFamilies() {
@@ -36,13 +44,6 @@ std::string DescribeWipe(uint32_t code) {
   std::string text = "wipe " + std::to_string(code & ~kWipeReverse) + " (" + WipeEffectName(code) + ")";
   if (code & kWipeReverse) text += ", reversed";
   return text;
-}
-
-void AddNumber(std::vector<NumberRange>& ranges, uint32_t n) {
-  if (!ranges.empty() && ranges.back().last + 1 == n)
-    ranges.back().last = n;
-  else
-    ranges.push_back({n, n});
 }
 
 std::string RangeText(std::span<const NumberRange> ranges) {
@@ -77,7 +78,7 @@ std::vector<NumberRange> ReversedSilentNumbers() {
   std::vector<NumberRange> ranges;
   for (const WipeRange& row : kWipeTable)
     for (uint32_t n = row.first; n <= row.last; ++n)
-      if (WipeWritesNothing(n | kWipeReverse)) AddNumber(ranges, n);
+      if (WipeWritesNothing(n | kWipeReverse)) AddRange(ranges, {n, n});
   return ranges;
 }
 
@@ -99,8 +100,7 @@ std::string WipeNumberHelp() {
   for (const WipeRun& first : runs) {
     // One line per effect, at its first run; runs that write nothing apart.
     if (first.writesNothing) {
-      AddNumber(silent, first.numbers.first);
-      silent.back().last = first.numbers.last;
+      AddRange(silent, first.numbers);
       continue;
     }
     bool listed = false;
@@ -109,9 +109,7 @@ std::string WipeNumberHelp() {
     if (listed) continue;
     std::vector<NumberRange> numbers;
     for (const WipeRun& run : runs) {
-      if (run.writesNothing || run.effect != first.effect) continue;
-      AddNumber(numbers, run.numbers.first);
-      numbers.back().last = run.numbers.last;
+      if (!run.writesNothing && run.effect == first.effect) AddRange(numbers, run.numbers);
     }
     text += "  " + std::string(first.effect) + ": " + RangeText(numbers) + "\n";
   }
