@@ -8,12 +8,14 @@
 #include <cstring>
 #include <map>
 #include <regex>
+#include <set>
 #include <sstream>
 
 #include "run_zrfx.h"
 #include "zrfx/operations.h"
 #include "zrfx/pixel_formats.h"
 #include "zrfx/png_io.h"
+#include "zrfx/yuv_convert.h"
 
 namespace zrfx {
 namespace {
@@ -36,6 +38,8 @@ class ZrfxCli : public ::testing::Test {
     test::WriteFile(dir_ / "a.rgba", Bytes(a_) + Bytes(a1_));
     test::WriteFile(dir_ / "b.rgba", Bytes(b_) + Bytes(b1_));
     test::WriteFile(dir_ / "cut.rgba", Bytes(a_) + "xyz");
+    test::WriteFile(dir_ / "empty.rgba", "");
+    std::filesystem::create_directory(dir_ / "dir");
   }
   // The library's output for the same inputs.
   Frame Wipe(Frame a, Frame b, uint32_t code, uint32_t span, uint32_t progress) {
@@ -81,8 +85,16 @@ TEST_F(ZrfxCli, ExitStatusAndFirstMessage) {
       {"wipe --code 1 --progress 5 @missing.png @b.png -o @o.png", 2, "zrfx: cannot open @missing.png: "},
       {"wipe --code 1 --progress 5 AC", 2, "zrfx: @a.png is 24x10 but @c.png is 25x10; both"},
       {"wipe --code 2147483648 AB", 2, "zrfx: wipe number '2147483648' is outside 0..2147483647"},
-      {"wipe --code -1 --progress 5 AB", 2, "zrfx: wipe number '-1' is outside"},
-      {"wipe --code 0x --progress 5 AB", 2, "zrfx: wipe number '0x' is outside"},
+      {"wipe --code abc --progress 5 AB", 2, "zrfx: wipe number 'abc' is not a number"},
+      {"wipe --code -1 --progress 5 AB", 2, "zrfx: wipe number '-1' is not a number"},
+      {"wipe --code 0x --progress 5 AB", 2, "zrfx: wipe number '0x' is not a number"},
+      {"wipe --code 508 --progress 5 AB", 2, "zrfx: wipe 508 (zrfxSLIDE_Basic): the library writes nothing"},
+      {"wipe --code 507 --reverse --progress 5 AB", 2, "zrfx: wipe 507 (zrfxSLIDE_Basic), reversed: the"},
+      {"transition --code 515 --frames 3 @a.png @b.png -o @f%d.png", 2, "zrfx: wipe 515 (zrfxSLIDE_Basic):"},
+      {"mux --mode wipe --code 500 --reverse AB", 2, "zrfx: wipe 500 (zrfxSLIDE_Basic), reversed: the"},
+      {"wipe --code 1 --progress 5 @dir @b.png -o @o.png", 2, "zrfx: cannot open @dir: Is a directory"},
+      {"wipe --code 1 --progress 5 @a.png @b.png -o @no/o.png", 1, "zrfx: cannot write @no/o.png: No such"},
+      {"wipe --code 1 --progress 5 @a.png @b.png -o /dev/full", 1, "zrfx: cannot write /dev/full: No space"},
       {"wipe --code 1 --progress half AB", 2, "zrfx: progress 'half' is not a number"},
       {"wipe --code 1 --progress +1 AB", 2, "zrfx: progress '+1' is not a number"},
       {"wipe --code 1 --progress 4294967296 AB", 2, "zrfx: progress '4294967296' is not a number"},
@@ -100,11 +112,21 @@ TEST_F(ZrfxCli, ExitStatusAndFirstMessage) {
       {"mux --mode copy_b AC", 2, "zrfx: @a.png is 24x10 but @c.png is 25x10; both"},
       {"mux --mode wipe --grid 0% AB", 2, "zrfx: a grid percentage must be from 1 to 100"},
       {"mux --mode split --grid 8x0 AB", 2, "zrfx: grid steps must be at least 1 pixel"},
+      {"mux --mode split --flag grid AB", 2, "zrfx: the grid flag needs --grid P% or --grid XxY"},
+      {"mux --mode crossfade --position 65537 AB", 2, "zrfx: position 65537 is beyond the whole, 65536"},
       {"mux --mode split --raw 24 RAW", 2, "zrfx: frame size '24' is not WIDTHxHEIGHT"},
       {"mux --mode split --raw 0x10 RAW", 2, "zrfx: a frame size of 0x10 is not supported"},
-      {"mux --mode split --raw 16384x16384 RAW", 2, "zrfx: a frame size of 16384x16384 is not"},
+      {"mux --mode split --raw 16385x16 RAW", 2,
+       "zrfx: a frame size of 16385x16 is not supported (1 to 16384"},
       {"mux --mode split --raw 24x10 - - -o @o.rgba", 2, "zrfx: only one input can be standard input"},
       {"mux --mode split --raw 24x10 @cut.rgba @b.rgba -o @o.rgba", 2, "zrfx: @cut.rgba ends inside frame 1"},
+      {"transition --code 1 --frames 3 --raw 64x10 RAW", 2, "zrfx: @a.rgba ends inside frame 0"},
+      {"mux --mode split --raw 24x10 @a.rgba @empty.rgba -o @o.rgba", 2, "zrfx: @empty.rgba holds no frame"},
+      {"mux --mode split --raw 24x10 @dir @b.rgba -o @o.rgba", 2, "zrfx: cannot open @dir: Is a directory"},
+      {"mux --mode split --raw 24x10 @a.rgba @b.rgba -o @no/o.rgba", 1,
+       "zrfx: cannot write @no/o.rgba: No such"},
+      {"transition --code 1 --frames 3 --raw 24x10 @a.rgba @b.rgba -o /dev/full", 1,
+       "zrfx: cannot write /dev/full"},
       {"draw --raw 24x10 --pix rgba -i @cut.rgba", 2, "zrfx: @cut.rgba holds 963 bytes, not a whole number"},
       {"draw --raw 24x10 --pix rgba0 -i @a.rgba", 2, "zrfx: unknown pixel format 'rgba0'"},
       {"draw --raw 23x10 --pix uyvy422 -i @a.rgba", 2, "zrfx: uyvy422 needs a width that is a multiple of 2"},
@@ -116,6 +138,12 @@ TEST_F(ZrfxCli, ExitStatusAndFirstMessage) {
       {"transition --help", 0, "usage: zrfx transition"},
       {"mux --help", 0, "usage: zrfx mux"},
       {"draw --help", 0, "usage: zrfx draw"},
+      {"help mux", 0, "usage: zrfx mux"},
+      {"help paint", 2, "zrfx: unknown command 'paint'"},
+      {"list -h", 0, "usage: zrfx list"},
+      {"--version", 0,
+       "zrfx (zrdraw) " + std::to_string(ZRDRAW_VERSION_MAJOR) + "." + std::to_string(ZRDRAW_VERSION_MINOR) +
+           "." + std::to_string(ZRDRAW_VERSION_PATCH) + "\n"},
   };
   for (const Row& row : rows) {
     const test::RunResult r = Run(row.args);
@@ -127,8 +155,12 @@ TEST_F(ZrfxCli, ExitStatusAndFirstMessage) {
         << r.err;
     EXPECT_EQ(row.status ? 1 : 0, std::count(r.err.begin(), r.err.end(), '\n')) << row.args << "\n" << r.err;
   }
-  EXPECT_FALSE(std::filesystem::exists(dir_ / "o.png"));  // nothing was written on a failure
-  EXPECT_NE(std::string::npos, Run("wipe --help").out.find("zrfxSLIDE_Basic: 500-515"));
+  // Nothing was written or left behind on a failure, and the device is still there.
+  const std::set<std::string> inputs = {"a.png",    "b.png",      "c.png", "a.rgba", "b.rgba",
+                                        "cut.rgba", "empty.rgba", "dir",   "stdout", "stderr"};
+  for (const auto& entry : std::filesystem::directory_iterator(dir_ / ""))
+    EXPECT_TRUE(inputs.count(entry.path().filename().string())) << entry.path();
+  EXPECT_TRUE(std::filesystem::is_character_file("/dev/full"));
 }
 
 // Through PNG files, the output is the library's frame to the bit.
@@ -148,6 +180,10 @@ TEST_F(ZrfxCli, PngRunsMatchTheLibrary) {
   s.splitX = kWidth / 2;
   s.splitY = 3;
   EXPECT_EQ(Bytes(Mux(a_, b_, s)), Png("o.png"));
+  const test::RunResult toStdout = Run("mux --mode copy_b @a.png @b.png -o -");  // PNG to standard output
+  test::WriteFile(dir_ / "stdout.png", toStdout.out);
+  EXPECT_EQ(Bytes(b_), Png("stdout.png"));
+  EXPECT_FALSE(std::filesystem::exists("-"));
   ASSERT_EQ(0, Run("transition --code 500 --frames 4 @a.png @b.png -o @f_%02d.png").exitStatus);
   for (uint32_t k = 0; k < 4; ++k)
     EXPECT_EQ(Bytes(Wipe(a_, b_, 500, 3, k)), Png("f_0" + std::to_string(k) + ".png"));
@@ -168,6 +204,38 @@ TEST_F(ZrfxCli, RawStreams) {
   ASSERT_EQ(0, Run("transition --code 0 --frames 3 --raw 24x10 @still.rgba @b.rgba -o @o.rgba").exitStatus);
   EXPECT_TRUE(test::ReadFile(dir_ / "o.rgba") ==
               Bytes(Wipe(a_, b_, 0, 2, 0)) + Bytes(Wipe(a_, b1_, 0, 2, 1)) + Bytes(Wipe(a_, b1_, 0, 2, 2)));
+}
+
+// zrfx list and wipe --help: the numbers that alias another, that write
+// nothing, and that dissolve, as the library plays them.
+TEST_F(ZrfxCli, ListAndWipeHelpSayWhatEachNumberDoes) {
+  const std::string list = Run("list").out;
+  for (const char* line :
+       {"\n  504-507   zrfxSLIDE_Basic                as 502: A slides down off the frame\n",
+        "\n  508-515   zrfxSLIDE_Basic                writes nothing: refused\n",
+        "\n  61-68     zrfxSMPTE_Rectangle            as 41: a centred box grows\n", "\n  0, 9-20, 27-40,",
+        " 410-499, 516-2147483647\n", "\nrefused: 500-515.\n", "\n  CROSSFADE          0x008000  ",
+        "\n  SWAP               ", "\nDIFFERENCE is one-sided"})
+    EXPECT_NE(std::string::npos, list.find(line)) << line;
+  const std::string help = Run("wipe --help").out;
+  EXPECT_NE(std::string::npos, help.find("\n  zrfxSLIDE_Basic: 500-507\n")) << help;
+  EXPECT_NE(std::string::npos, help.find(" writes nothing for them: 508-515, and with --reverse 500-515.\n"));
+}
+
+// The 4:2:2 and v210 adapters on odd widths, at both ends of a wipe: the
+// same picture as the RGBA wipe taken to that layout and back, the last
+// column included.
+TEST(WipeAdapters, OddWidthsMatchTheRgbaRoad) {
+  for (uint32_t width : {7u, 389u}) {
+    Frame a = RandomFrame(width, 3, width), b = RandomFrame(width, 3, width + 1), rgba(width, 3);
+    for (uint32_t progress : {0u, 100u}) {
+      RunWipe(a, b, rgba, 1, 100, progress);
+      EXPECT_EQ(Bytes(Pairs422ToRgba(RgbaToPairs422(rgba))), Bytes(RunWipeYCbCr(a, b, 1, 100, progress)))
+          << "4:2:2, width " << width << ", progress " << progress;
+      EXPECT_EQ(Bytes(V210ToRgba(RgbaToV210(rgba))), Bytes(RunWipeV210(a, b, 1, 100, progress)))
+          << "v210, width " << width << ", progress " << progress;
+    }
+  }
 }
 
 // zrfx draw on two frames of random bytes, through standard input and

@@ -3,6 +3,9 @@
 #include <gtest/gtest.h>
 #include <png.h>
 
+#include <filesystem>
+#include <iterator>
+
 #include "run_zrfx.h"
 #include "zrfx/errors.h"
 #include "zrfx/png_io.h"
@@ -73,7 +76,36 @@ TEST(RawIo, FramesInOrderThenTheEnd) {
   ASSERT_TRUE(cut.ReadFrame(frame.data(), frame.bytes()));
   EXPECT_THROW(cut.ReadFrame(frame.data(), frame.bytes()), UsageError);
   EXPECT_THROW(RawInput(dir / "none.rgba"), UsageError);
-  EXPECT_THROW(RawOutput(dir / "no/dir/out.rgba"), UsageError);
+  EXPECT_THROW(RawOutput(dir / "no/dir/out.rgba"), RunError);
+}
+
+// An output replaces a file only once it is whole, follows links and keeps
+// the old file's permissions; a device is written in place and stays.
+TEST(OutputFile, ReplacesWholeFilesOnlyAndNeverRemovesWhatItDidNotCreate) {
+  test::ScratchDir dir;
+  namespace fs = std::filesystem;
+  const Frame frame = RandomFrame(5, 3, 7);
+  test::WriteFile(dir / "target.png", "old");
+  fs::permissions(dir / "target.png", fs::perms::owner_read | fs::perms::owner_write | fs::perms::group_read);
+  fs::create_symlink("target.png", dir / "link.png");
+  fs::create_symlink("made.rgba", dir / "dangling");
+  WritePng(dir / "link.png", frame, true);
+  EXPECT_TRUE(fs::is_symlink(dir / "link.png"));
+  EXPECT_EQ(Bytes(frame), Bytes(ReadPng(dir / "target.png").frame));
+  EXPECT_EQ(fs::perms(0640), fs::status(dir / "target.png").permissions());
+  {
+    RawOutput unfinished(dir / "link.png");  // a run that fails before Close
+    unfinished.WriteFrame(frame.data(), frame.bytes());
+  }
+  EXPECT_EQ(Bytes(frame), Bytes(ReadPng(dir / "target.png").frame));
+  RawOutput throughDangling(dir / "dangling");
+  throughDangling.WriteFrame(frame.data(), frame.bytes());
+  throughDangling.Close();
+  EXPECT_TRUE(fs::is_symlink(dir / "dangling") && test::ReadFile(dir / "made.rgba") == Bytes(frame));
+  EXPECT_EQ(4,
+            std::distance(fs::directory_iterator(dir / ""), fs::directory_iterator()));  // no temporary left
+  EXPECT_THROW(WritePng("/dev/full", frame, true), RunError);
+  EXPECT_TRUE(fs::is_character_file("/dev/full"));
 }
 
 }  // namespace

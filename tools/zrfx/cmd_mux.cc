@@ -4,6 +4,7 @@
 #include <algorithm>
 #include <cstdio>
 #include <optional>
+#include <utility>
 
 #include "zrfx/args.h"
 #include "zrfx/commands.h"
@@ -15,9 +16,12 @@
 #include "zrfx/progress_line.h"
 #include "zrfx/raw_io.h"
 #include "zrfx/wipe_names.h"
+#include "zrfx/wipe_probe.h"
 
 namespace zrfx {
 namespace {
+
+constexpr uint32_t kWholePosition = 65536;
 
 const std::vector<Option> kOptions = {
     {"mode", nullptr, true, false},     {"flag", nullptr, true, true},     {"level", nullptr, true, false},
@@ -46,7 +50,8 @@ constexpr const char* kHelp =
     "                  that size ('-' is standard input); each pair of frames\n"
     "                  gives one output frame until the shorter stream ends. The\n"
     "                  frames go to the file OUT, or to standard output with -o -.\n"
-    "  -o OUT.png      the output; it has an alpha channel when an input has one\n"
+    "  -o OUT.png      the output (- for standard output); it has an alpha\n"
+    "                  channel when an input has one\n"
     "\n";
 
 // Everything but the defaults that depend on the picture size.
@@ -69,10 +74,14 @@ MuxOptions ParseOptions(const Args& args) {
   }
   s.level = args.Has("level") ? ParseU32(*args.Value("level"), "level") : 0;
   s.position = args.Has("position") ? ParseU32(*args.Value("position"), "position") : 32768;
+  // Above the whole, the cross-fade's weights wrap and scramble the picture.
+  if (s.position > kWholePosition)
+    throw UsageError("position " + std::to_string(s.position) + " is beyond the whole, 65536");
   if (args.Has("split-x")) o.splitX = ParseU32(*args.Value("split-x"), "split-x");
   if (args.Has("split-y")) o.splitY = ParseU32(*args.Value("split-y"), "split-y");
   s.wipeCode = args.Has("code") ? ParseWipeNumber(*args.Value("code")) : 0;
   if (args.Has("reverse")) s.wipeCode |= kWipeReverse;
+  if ((s.flags & MUX_MODE_MASK) == MUX_WIPE) RefuseSilentWipe(s.wipeCode);
   if (const std::optional<std::string> grid = args.Value("grid")) {
     if (!grid->empty() && grid->back() == '%') {
       s.gridMode = 1;
@@ -84,6 +93,8 @@ MuxOptions ParseOptions(const Args& args) {
       s.gridStepX = ParseU32(grid->substr(0, x), "grid column step");
       s.gridStepY = ParseU32(grid->substr(x + 1), "grid row step");
     }
+  } else if (s.flags & MUXF_GRID) {
+    throw UsageError("the grid flag needs --grid P% or --grid XxY for its steps");
   }
   return o;
 }
@@ -108,6 +119,17 @@ void RunPngMux(const Args& args, const MuxOptions& options) {
   WritePng(out, result, pair.HasAlpha());
 }
 
+// Reads frame k of both streams; false when either has ended. Throws
+// UsageError when one holds no frame at all.
+bool ReadPair(RawInput& inputA, Frame& a, RawInput& inputB, Frame& b, uint64_t k) {
+  for (auto [input, frame] : {std::pair{&inputA, &a}, std::pair{&inputB, &b}}) {
+    if (input->ReadFrame(frame->data(), frame->bytes())) continue;
+    if (k == 0) throw UsageError(input->name() + " holds no frame");
+    return false;
+  }
+  return true;
+}
+
 void RunRawMux(const Args& args, const MuxOptions& options) {
   const FrameSize size = ParseFrameSize(*args.Value("raw"));
   const MuxSettings settings = SettingsFor(options, size.width, size.height);
@@ -118,10 +140,10 @@ void RunRawMux(const Args& args, const MuxOptions& options) {
   RawOutput output(args.Required("out"));
   Frame a(size.width, size.height), b(size.width, size.height), result(size.width, size.height);
   ProgressLine progress(0);
-  for (uint64_t k = 1; inputA.ReadFrame(a.data(), a.bytes()) && inputB.ReadFrame(b.data(), b.bytes()); ++k) {
+  for (uint64_t k = 0; ReadPair(inputA, a, inputB, b, k); ++k) {
     RunMux(a, b, result, settings);
     output.WriteFrame(result.data(), result.bytes());
-    progress.Update(k);
+    progress.Update(k + 1);
   }
   output.Close();
 }

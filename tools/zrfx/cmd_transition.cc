@@ -51,10 +51,10 @@ void RunPngTransition(const Args& args, uint32_t code, uint32_t frames) {
 
 // Reads the next frame of `input` into `frame`, keeping what it holds when
 // the stream has ended. Throws UsageError when the first frame is missing.
-void NextFrame(RawInput& input, Frame& frame, bool& ended, uint32_t k, const std::string& name) {
+void NextFrame(RawInput& input, Frame& frame, bool& ended, uint32_t k) {
   if (ended) return;
   if (input.ReadFrame(frame.data(), frame.bytes())) return;
-  if (k == 0) throw UsageError(name + " holds no frame");
+  if (k == 0) throw UsageError(input.name() + " holds no frame");
   ended = true;
 }
 
@@ -69,8 +69,8 @@ void RunRawTransition(const Args& args, uint32_t code, uint32_t frames) {
   bool endedA = false, endedB = false;
   ProgressLine progress(frames);
   for (uint32_t k = 0; k < frames; ++k) {
-    NextFrame(inputA, a, endedA, k, nameA);
-    NextFrame(inputB, b, endedB, k, nameB);
+    NextFrame(inputA, a, endedA, k);
+    NextFrame(inputB, b, endedB, k);
     RunWipe(a, b, result, code, frames - 1, k);
     output.WriteFrame(result.data(), result.bytes());
     progress.Update(k + 1);

@@ -31,7 +31,8 @@ constexpr const char* kHelp =
     "  --reverse     set bit 31 of the wipe code: A and B exchange roles\n"
     "  --layout L    rgba (default), ycbcr (through ZrDraw_DisplayWipeYCbCr on\n"
     "                8-bit 4:2:2) or v210 (through ZrDraw_DisplayWipeV210)\n"
-    "  -o OUT.png    the output; it has an alpha channel when an input has one\n"
+    "  -o OUT.png    the output (- for standard output); it has an alpha\n"
+    "                channel when an input has one\n"
     "\n"
     "Wipe numbers and the effect each plays as:\n";
 

@@ -10,6 +10,7 @@ int WipeCommand(int argc, char** argv, int first);
 int TransitionCommand(int argc, char** argv, int first);
 int MuxCommand(int argc, char** argv, int first);
 int DrawCommand(int argc, char** argv, int first);
+int ListCommand(int argc, char** argv, int first);
 
 }  // namespace zrfx
 

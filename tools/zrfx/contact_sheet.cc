@@ -58,7 +58,8 @@ void Blit(Frame& target, const Frame& source, uint32_t left, uint32_t top) {
 
 }  // namespace
 
-ContactSheet::ContactSheet(std::string dir, bool montages) : dir_(std::move(dir)), montages_(montages) {}
+ContactSheet::ContactSheet(std::string dir, bool montages)
+    : dir_(std::move(dir)), montages_(montages), progress_(0, "picture") {}
 
 void ContactSheet::BeginSection(const std::string& title, const std::string& note) {
   sections_.push_back({title, note, {}});
@@ -71,6 +72,7 @@ void ContactSheet::Add(const std::string& file, const Frame& picture, const std:
   WritePng(dir_ + "/" + file, picture, false);
   sections_.back().items.push_back(
       {file, caption, label, picture.width(), picture.height(), montages_ ? HalfSize(picture) : Frame()});
+  progress_.Update(PictureCount());
 }
 
 size_t ContactSheet::PictureCount() const {
@@ -79,7 +81,8 @@ size_t ContactSheet::PictureCount() const {
   return count;
 }
 
-std::string ContactSheet::WriteIndex(const std::string& title, const std::string& intro) const {
+std::string ContactSheet::WriteIndex(const std::string& title, const std::string& intro) {
+  progress_.Finish();
   const std::string path = dir_ + "/index.html";
   std::ofstream html(path);
   html << "<!DOCTYPE html>\n<html lang=\"en\">\n<head>\n<meta charset=\"utf-8\">\n<title>"

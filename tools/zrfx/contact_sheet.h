@@ -9,6 +9,7 @@
 #include <vector>
 
 #include "zrfx/frame.h"
+#include "zrfx/progress_line.h"
 
 namespace zrfx {
 
@@ -26,8 +27,9 @@ class ContactSheet {
   void Add(const std::string& file, const Frame& picture, const std::string& caption,
            const std::string& label);
 
-  // Writes dir/index.html and returns its path.
-  std::string WriteIndex(const std::string& title, const std::string& intro) const;
+  // Writes dir/index.html and returns its path. A counter of the pictures
+  // shows on a terminal while they are added, and ends here.
+  std::string WriteIndex(const std::string& title, const std::string& intro);
   // With montages, writes dir/sheet-N.png for each section N (1, 2, ...);
   // returns the paths.
   std::vector<std::string> WriteMontages() const;
@@ -51,6 +53,7 @@ class ContactSheet {
   std::string dir_;
   bool montages_;
   std::vector<Section> sections_;
+  ProgressLine progress_;
 };
 
 // `text` with &, <, > and " escaped for HTML.

@@ -3,6 +3,7 @@
 #include "zrfx/errors.h"
 #include "zrfx/numbers.h"
 #include "zrfx/wipe_names.h"
+#include "zrfx/wipe_probe.h"
 
 namespace zrfx {
 
@@ -20,8 +21,10 @@ void CheckSameSize(const Frame& a, const std::string& nameA, const Frame& b, con
 }
 
 uint32_t WipeCodeOption(const Args& args) {
-  const uint32_t code = ParseWipeNumber(args.Required("code"));
-  return args.Has("reverse") ? code | kWipeReverse : code;
+  uint32_t code = ParseWipeNumber(args.Required("code"));
+  if (args.Has("reverse")) code |= kWipeReverse;
+  RefuseSilentWipe(code);
+  return code;
 }
 
 }  // namespace zrfx

@@ -25,6 +25,7 @@ PicturePair ReadPicturePair(const std::string& pathA, const std::string& pathB);
 void CheckSameSize(const Frame& a, const std::string& nameA, const Frame& b, const std::string& nameB);
 
 // --code N and --reverse as one wipe code: bit 31 is the reverse flag.
+// Throws UsageError for a code that writes nothing.
 uint32_t WipeCodeOption(const Args& args);
 
 }  // namespace zrfx

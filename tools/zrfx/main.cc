@@ -1,9 +1,12 @@
 // zrfx: shows and applies the transitions and mux modes of zrdraw.
+#include <zrdraw.h>
+
 #include <csignal>
 #include <cstdio>
 #include <cstring>
 #include <exception>
 #include <new>
+#include <string>
 
 #include "zrfx/commands.h"
 #include "zrfx/errors.h"
@@ -27,9 +30,14 @@ constexpr const char* kHelp =
     "      Draw a grid and rectangles on a stream of raw frames in their own\n"
     "      pixel layout; zrfx draw --help lists the layouts.\n"
     "\n"
+    "  zrfx list\n"
+    "      Every wipe number and mux mode, with what each does.\n"
+    "  zrfx help [COMMAND], zrfx --version\n"
+    "\n"
     "Run zrfx COMMAND --help for the options of each. Errors in the arguments\n"
-    "or the input, a stream that ends inside a frame included, exit with\n"
-    "status 2; failures to read or write with status 1.\n";
+    "or the input (a missing or unreadable input, a stream that ends inside a\n"
+    "frame) exit with status 2; failures to write an output, or to read an\n"
+    "input that opened, with status 1.\n";
 
 struct Command {
   const char* name;
@@ -38,8 +46,26 @@ struct Command {
 
 constexpr Command kCommands[] = {
     {"gallery", zrfx::GalleryCommand}, {"wipe", zrfx::WipeCommand}, {"transition", zrfx::TransitionCommand},
-    {"mux", zrfx::MuxCommand},         {"draw", zrfx::DrawCommand},
+    {"mux", zrfx::MuxCommand},         {"draw", zrfx::DrawCommand}, {"list", zrfx::ListCommand},
 };
+
+const Command* FindCommand(const char* name) {
+  for (const Command& command : kCommands)
+    if (std::strcmp(name, command.name) == 0) return &command;
+  throw zrfx::UsageError(std::string("unknown command '") + name + "' (see zrfx --help)");
+}
+
+// zrfx help [COMMAND]: the same as zrfx [COMMAND] --help.
+int Help(int argc, char** argv) {
+  if (argc == 2) {
+    std::fputs(kHelp, stdout);
+    return zrfx::kExitOk;
+  }
+  if (argc > 3) throw zrfx::UsageError("zrfx help takes one command at most");
+  char help[] = "--help";
+  char* helpArgv[] = {argv[0], argv[2], help};
+  return FindCommand(argv[2])->run(3, helpArgv, 2);
+}
 
 int Run(int argc, char** argv) {
   if (argc < 2 || argv[1][0] == '-') {
@@ -47,12 +73,16 @@ int Run(int argc, char** argv) {
       std::fputs(kHelp, stdout);
       return zrfx::kExitOk;
     }
+    if (argc == 2 && std::strcmp(argv[1], "--version") == 0) {
+      std::printf("zrfx (zrdraw) %d.%d.%d\n", ZRDRAW_VERSION_MAJOR, ZRDRAW_VERSION_MINOR,
+                  ZRDRAW_VERSION_PATCH);
+      return zrfx::kExitOk;
+    }
     // Options without a command belong to the gallery.
     return zrfx::GalleryCommand(argc, argv, 1);
   }
-  for (const Command& command : kCommands)
-    if (std::strcmp(argv[1], command.name) == 0) return command.run(argc, argv, 2);
-  throw zrfx::UsageError(std::string("unknown command '") + argv[1] + "' (see zrfx --help)");
+  if (std::strcmp(argv[1], "help") == 0) return Help(argc, argv);
+  return FindCommand(argv[1])->run(argc, argv, 2);
 }
 
 }  // namespace

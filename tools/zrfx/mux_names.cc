@@ -102,7 +102,11 @@ std::string MuxHelp() {
     std::snprintf(line, sizeof line, "  %-18s %s\n", flag.name, flag.looks);
     text += line;
   }
-  return text;
+  return text +
+         "DIFFERENCE is one-sided: mid grey (128) where A and B agree, lighter where A is\n"
+         "brighter, and white wherever B is brighter than A in any channel, however slightly.\n"
+         "To compare two encodes, MATCH_GATE --level T shows B where the two agree within T\n"
+         "in every byte and black elsewhere, whichever of them is brighter.\n";
 }
 
 }  // namespace zrfx

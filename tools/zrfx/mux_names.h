@@ -40,7 +40,8 @@ std::string MuxFlagNames(uint32_t flags);
 // when there is one.
 std::string DescribeMux(const MuxSettings& settings);
 
-// Help text: one line per mode, then one per flag.
+// Help text: one line per mode, then one per flag, then what DIFFERENCE
+// shows and the mode that suits comparing two encodes.
 std::string MuxHelp();
 
 }  // namespace zrfx

@@ -21,7 +21,8 @@ struct FrameSize {
 };
 
 // The largest frame the tool handles. The library computes row offsets and
-// frame sizes in unsigned 32 bits, so frames stay well below 4 GiB.
+// frame sizes in unsigned 32 bits, so frames stay well below 4 GiB: an RGBA
+// frame of 16384x16384 is 1 GiB, and no frame of any layout may be more.
 constexpr uint32_t kMaxDimension = 16384;
 constexpr uint64_t kMaxFrameBytes = 1ull << 30;
 

@@ -41,7 +41,7 @@ void RunWipe(Frame& a, Frame& b, Frame& out, uint32_t code, uint32_t span, uint3
 }
 
 Frame RunWipeYCbCr(const Frame& a, const Frame& b, uint32_t code, uint32_t span, uint32_t progress) {
-  return RunAdapter(ZrDraw_DisplayWipeYCbCr, RgbaToUyvy, UyvyToRgba, a, b, code, span, progress);
+  return RunAdapter(ZrDraw_DisplayWipeYCbCr, RgbaToPairs422, Pairs422ToRgba, a, b, code, span, progress);
 }
 
 Frame RunWipeV210(const Frame& a, const Frame& b, uint32_t code, uint32_t span, uint32_t progress) {

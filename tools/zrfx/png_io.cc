@@ -10,6 +10,8 @@
 
 #include "zrfx/errors.h"
 #include "zrfx/numbers.h"
+#include "zrfx/output_file.h"
+#include "zrfx/raw_io.h"
 
 namespace zrfx {
 namespace {
@@ -71,10 +73,17 @@ bool ReadRows(PngState* s, png_bytepp rows) {
   return true;
 }
 
-bool WriteRows(PngState* s, FILE* file, png_uint_32 width, png_uint_32 height, bool withAlpha,
+void OnPngWrite(png_structp png, png_bytep data, size_t bytes) {
+  if (!static_cast<OutputFile*>(png_get_io_ptr(png))->Write(data, bytes))
+    png_error(png, std::strerror(errno));
+}
+
+void OnPngFlush(png_structp) {}
+
+bool WriteRows(PngState* s, OutputFile* file, png_uint_32 width, png_uint_32 height, bool withAlpha,
                png_bytepp rows) {
   if (setjmp(png_jmpbuf(s->png))) return false;
-  png_init_io(s->png, file);
+  png_set_write_fn(s->png, file, OnPngWrite, OnPngFlush);
   png_set_IHDR(s->png, s->info, width, height, 8, withAlpha ? PNG_COLOR_TYPE_RGBA : PNG_COLOR_TYPE_RGB,
                PNG_INTERLACE_NONE, PNG_COMPRESSION_TYPE_DEFAULT, PNG_FILTER_TYPE_DEFAULT);
   png_write_info(s->png, s->info);
@@ -100,12 +109,6 @@ class File {
   File(const File&) = delete;
   File& operator=(const File&) = delete;
   FILE* get() const { return file_; }
-  // Closes the file; false when buffered data could not be written.
-  bool Close() {
-    const int result = std::fclose(file_);
-    file_ = nullptr;
-    return result == 0;
-  }
 
  private:
   FILE* file_;
@@ -116,6 +119,7 @@ class File {
 PngPicture ReadPng(const std::string& path) {
   File file(path, "rb");
   if (!file.get()) throw UsageError("cannot open " + path + ": " + std::strerror(errno));
+  if (IsDirectory(fileno(file.get()))) throw UsageError("cannot open " + path + ": " + std::strerror(EISDIR));
   PngState s(false);
   s.png = png_create_read_struct(PNG_LIBPNG_VER_STRING, &s, OnPngError, OnPngWarning);
   if (!s.png) throw RunError("out of memory reading " + path);
@@ -135,21 +139,17 @@ PngPicture ReadPng(const std::string& path) {
 }
 
 void WritePng(const std::string& path, const Frame& frame, bool withAlpha) {
-  File file(path, "wb");
-  if (!file.get()) throw RunError("cannot write " + path + ": " + std::strerror(errno));
+  OutputFile file(path, "a PNG picture");
   PngState s(true);
   s.png = png_create_write_struct(PNG_LIBPNG_VER_STRING, &s, OnPngError, OnPngWarning);
-  if (!s.png) throw RunError("out of memory writing " + path);
+  if (!s.png) throw RunError("out of memory writing " + file.name());
   s.info = png_create_info_struct(s.png);
   // libpng takes non-const row pointers but only reads them when writing.
   std::vector<png_bytep> rows =
       RowPointers(const_cast<uint8_t*>(frame.data()), frame.pitch(), frame.height());
-  bool ok = s.info && WriteRows(&s, file.get(), frame.width(), frame.height(), withAlpha, rows.data());
-  ok = file.Close() && ok;
-  if (!ok) {
-    std::remove(path.c_str());
-    throw RunError("cannot write " + path + (s.message[0] ? std::string(": ") + s.message : ""));
-  }
+  if (!s.info || !WriteRows(&s, &file, frame.width(), frame.height(), withAlpha, rows.data()))
+    throw RunError("cannot write " + file.name() + (s.message[0] ? std::string(": ") + s.message : ""));
+  file.Commit();
 }
 
 }  // namespace zrfx

@@ -18,6 +18,11 @@ std::string Describe(const std::string& path) { return path == "-" ? "standard i
 
 RawInput::RawInput(const std::string& path) : path_(Describe(path)) {
   fd_ = path == "-" ? STDIN_FILENO : open(path.c_str(), O_RDONLY | O_CLOEXEC);
+  if (fd_ >= 0 && IsDirectory(fd_)) {
+    if (fd_ != STDIN_FILENO) close(fd_);
+    fd_ = -1;
+    errno = EISDIR;
+  }
   if (fd_ < 0) throw UsageError("cannot open " + path + ": " + std::strerror(errno));
 }
 
@@ -52,36 +57,14 @@ bool RawInput::ReadFrame(uint8_t* frame, size_t bytes) {
   return true;
 }
 
-RawOutput::RawOutput(const std::string& path) : path_(path == "-" ? "standard output" : path) {
-  if (path == "-") {
-    if (isatty(STDOUT_FILENO))
-      throw UsageError("refusing to write raw video to a terminal; use -o FILE or a pipe");
-    fd_ = STDOUT_FILENO;
-  } else {
-    fd_ = open(path.c_str(), O_WRONLY | O_CREAT | O_TRUNC | O_CLOEXEC, 0666);
-    if (fd_ < 0) throw UsageError("cannot create " + path + ": " + std::strerror(errno));
-  }
-}
-
-RawOutput::~RawOutput() {
-  if (fd_ >= 0 && fd_ != STDOUT_FILENO) close(fd_);
-}
-
 void RawOutput::WriteFrame(const uint8_t* frame, size_t bytes) {
-  size_t done = 0;
-  while (done < bytes) {
-    const ssize_t n = write(fd_, frame + done, bytes - done);
-    if (n < 0 && errno == EINTR) continue;
-    if (n < 0) throw RunError("cannot write " + path_ + ": " + std::strerror(errno));
-    done += static_cast<size_t>(n);
-  }
+  if (!file_.Write(frame, bytes))
+    throw RunError("cannot write " + file_.name() + ": " + std::strerror(errno));
 }
 
-void RawOutput::Close() {
-  if (fd_ == STDOUT_FILENO) return;
-  const int result = close(fd_);
-  fd_ = -1;
-  if (result != 0) throw RunError("cannot write " + path_ + ": " + std::strerror(errno));
+bool IsDirectory(int fd) {
+  struct stat info;
+  return fstat(fd, &info) == 0 && S_ISDIR(info.st_mode);
 }
 
 }  // namespace zrfx

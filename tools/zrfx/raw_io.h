@@ -9,6 +9,8 @@
 #include <cstdint>
 #include <string>
 
+#include "zrfx/output_file.h"
+
 namespace zrfx {
 
 class RawInput {
@@ -27,6 +29,8 @@ class RawInput {
   // throws UsageError when the stream ends inside a frame, RunError when it
   // cannot be read.
   bool ReadFrame(uint8_t* frame, size_t bytes);
+  // "standard input" or the path, for messages.
+  const std::string& name() const { return path_; }
 
  private:
   std::string path_;
@@ -36,23 +40,25 @@ class RawInput {
 
 class RawOutput {
  public:
-  // Throws UsageError when the file cannot be created, or when "-" names
-  // standard output and that is a terminal.
-  explicit RawOutput(const std::string& path);
-  ~RawOutput();
-  RawOutput(const RawOutput&) = delete;
-  RawOutput& operator=(const RawOutput&) = delete;
+  // The output goes through an OutputFile: a file is replaced only when the
+  // whole stream has been written. Throws UsageError when "-" names
+  // standard output and that is a terminal, RunError when the output
+  // cannot be created.
+  explicit RawOutput(const std::string& path) : file_(path, "raw video") {}
 
   // Throws RunError when the bytes cannot be written (a closed pipe, a full
   // disk).
   void WriteFrame(const uint8_t* frame, size_t bytes);
-  // Throws RunError when the file cannot be closed cleanly.
-  void Close();
+  // Throws RunError when the output cannot be finished cleanly. Without
+  // Close, a file that was being written is removed again.
+  void Close() { file_.Commit(); }
 
  private:
-  std::string path_;
-  int fd_;
+  OutputFile file_;
 };
+
+// True when `fd` is a directory, which opens for reading but is no input.
+bool IsDirectory(int fd);
 
 }  // namespace zrfx
 

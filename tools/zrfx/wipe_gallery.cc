@@ -61,7 +61,8 @@ void AddWipeGallery(ContactSheet& sheet, const Frame& a, const Frame& b) {
 
   sheet.BeginSection(
       "Wipes on 4:2:2 and v210",
-      "The same wipe through ZrDraw_DisplayWipeYCbCr on packed 8-bit 4:2:2 (Cb Y Cr Y) and "
+      "The same wipe through ZrDraw_DisplayWipeYCbCr on packed 8-bit 4:2:2 (Cb Y Y Cr, the order it reads) "
+      "and "
       "through ZrDraw_DisplayWipeV210 on 10-bit v210, each converted back to RGBA for viewing. "
       "The adapters expand to 4:4:4, wipe, and pack again; v210 loses its two low bits.");
   for (uint32_t progress : kProgresses)

@@ -6,6 +6,8 @@
 #include <cstdint>
 #include <span>
 #include <string>
+#include <string_view>
+#include <vector>
 
 namespace zrfx {
 
@@ -28,7 +30,31 @@ const char* WipeEffectName(uint32_t code);
 // "wipe 3 (zrfxSMPTE_TopLeft)", with ", reversed" when bit 31 is set.
 std::string DescribeWipe(uint32_t code);
 
-// Help text: the numbers and what they play as, one range per line.
+struct NumberRange {
+  uint32_t first;
+  uint32_t last;
+};
+
+// "0, 9-20, 27-40".
+std::string RangeText(std::span<const NumberRange> ranges);
+
+// Neighbouring numbers of the library's wipe table that play alike.
+struct WipeRun {
+  NumberRange numbers;
+  std::string_view effect;  // the library's effect function
+  uint32_t shownAs;         // the WipeFamilies() number that shows the same; 0 when silent
+  bool writesNothing;
+};
+
+// Every number of the wipe table, in order, cut into runs.
+std::vector<WipeRun> WipeRuns();
+// The numbers of the table that write nothing with bit 31 set.
+std::vector<NumberRange> ReversedSilentNumbers();
+// The numbers without a row in the table: they dissolve.
+std::vector<NumberRange> DissolveNumbers();
+
+// Help text: the numbers each effect plays, one line per effect, then the
+// numbers that write nothing and are refused.
 std::string WipeNumberHelp();
 
 }  // namespace zrfx

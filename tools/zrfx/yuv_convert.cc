@@ -51,7 +51,7 @@ void WriteLe32(uint8_t* p, uint32_t v) {
 
 uint32_t V210Pitch(uint32_t width) { return (width + 47) / 48 * 128; }
 
-PackedVideo RgbaToUyvy(const Frame& frame) {
+PackedVideo RgbaToPairs422(const Frame& frame) {
   PackedVideo video = Allocate(frame.width(), frame.height(), (frame.width() + 1) / 2 * 4);
   for (uint32_t y = 0; y < frame.height(); ++y)
     for (uint32_t x = 0; x < frame.width(); x += 2) {
@@ -59,18 +59,18 @@ PackedVideo RgbaToUyvy(const Frame& frame) {
       uint8_t* out = video.bytes.data() + static_cast<size_t>(y) * video.pitch + 2 * x;
       out[0] = Clamp8((a.cb + b.cb + 1) / 2);
       out[1] = Clamp8(a.y);
-      out[2] = Clamp8((a.cr + b.cr + 1) / 2);
-      out[3] = Clamp8(b.y);
+      out[2] = Clamp8(b.y);
+      out[3] = Clamp8((a.cr + b.cr + 1) / 2);
     }
   return video;
 }
 
-Frame UyvyToRgba(const PackedVideo& video) {
+Frame Pairs422ToRgba(const PackedVideo& video) {
   Frame frame(video.width, video.height);
   for (uint32_t y = 0; y < video.height; ++y)
     for (uint32_t x = 0; x < video.width; ++x) {
       const uint8_t* pair = video.bytes.data() + static_cast<size_t>(y) * video.pitch + 2 * (x & ~1u);
-      FromYcc(pair[(x & 1) ? 3 : 1], pair[0], pair[2], frame.Pixel(x, y));
+      FromYcc(pair[1 + (x & 1)], pair[0], pair[3], frame.Pixel(x, y));
     }
   return frame;
 }

@@ -1,5 +1,5 @@
 // Conversions between 8-bit RGBA and the two subsampled layouts that the
-// wipe adapters take: packed 8-bit 4:2:2 in Cb Y Cr Y order and 10-bit v210.
+// wipe adapters take: packed 8-bit 4:2:2 and 10-bit v210.
 // BT.709 at studio range, in integer arithmetic; chroma of a pixel pair is
 // the mean of the two. Used to feed the adapters and to view their output.
 #ifndef ZRFX_YUV_CONVERT_H
@@ -25,8 +25,11 @@ struct PackedVideo {
 // Bytes a v210 row takes: 128 for each started group of 48 pixels.
 uint32_t V210Pitch(uint32_t width);
 
-PackedVideo RgbaToUyvy(const Frame& frame);
-Frame UyvyToRgba(const PackedVideo& video);
+// 4:2:2 pairs in the order that ZrDraw_DisplayWipeYCbCr gives its bytes by
+// position: Cb, even Y, odd Y, Cr. The pair's chroma then stays with the
+// even pixel, which is all that is left of the last pair of an odd width.
+PackedVideo RgbaToPairs422(const Frame& frame);
+Frame Pairs422ToRgba(const PackedVideo& video);
 PackedVideo RgbaToV210(const Frame& frame);
 Frame V210ToRgba(const PackedVideo& video);
 
