@@ -238,11 +238,12 @@ TEST_F(ZrfxCli, GalleryWritesTheContactSheetAndEveryPicture) {
     ++pictures;
   }
   // Sources, 20 wipe families and the reverse row at three progress values,
-  // the adapters, the mux modes and grids, and at least the RGB canvases.
-  EXPECT_GE(pictures, 2u + 63u + 6u + 39u + 4u);
+  // the adapters, the mux modes and grids, at least the RGB canvases, and
+  // the curves on six layouts.
+  EXPECT_GE(pictures, 2u + 63u + 6u + 39u + 4u + 6u);
   for (const char* caption :
        {"wipe 22 (zrfxSMPTE_BarnDoorHorizontal), progress 75 of 100", "ZrDraw_DisplayWipeV210",
-        "SPLIT (0x000800) + DIVIDER", "qtGetDraw(pixelRGB24 = 5"})
+        "SPLIT (0x000800) + DIVIDER", "qtGetDraw(pixelRGB24 = 5", "curves-pixelBayerRGGB.png"})
     EXPECT_NE(std::string::npos, html.find(caption)) << caption;
 }
 
