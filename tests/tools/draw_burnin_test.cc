@@ -1,7 +1,6 @@
 // zrfx draw's burn-in: the timecode text, where Label text is cut at the
 // frame's edges, and the caption, timecode and safe areas on every family
-// of layouts: golden bytes, untouched bytes, and one message for each
-// refused value.
+// of layouts: golden bytes and untouched bytes.
 #include <gtest/gtest.h>
 
 #include <algorithm>
@@ -136,31 +135,6 @@ TEST_F(DrawBurnIn, TimecodeFramesDifferInTheLastDigitOnly) {
       EXPECT_TRUE(x >= 172 && x <= 188 && y >= 26 && y < 46) << x << "," << y;
     }
   EXPECT_GT(changed, 20u);
-}
-
-TEST_F(DrawBurnIn, RefusedValuesExitWithOneLine) {
-  const std::pair<const char*, const char*> rows[] = {
-      {"--timecode --fps 0", "zrfx: --fps 0 is outside 1..100"},
-      {"--text A --text-size 0", "zrfx: --text-size 0 is outside 1..100"},
-      {"--text A --text-at 240,0", "zrfx: --text-at 240,0 is not in the 240x48 frame"},
-      {"--text A --text-at 0,29", "zrfx: --text-at 0,29 is not in the 240x48 frame with the 20 rows"},
-      {"--timecode --text-size 5", "zrfx: the timecode's default place 12,-4 is not in"},
-      {"--text-at 0,0", "zrfx: --text-at needs --text"},
-      {"--fps 30", "zrfx: --fps needs --timecode"},
-      {"--text \xC3\xA9", "zrfx: --text holds a character that the built-in font has no glyph for"},
-  };
-  for (const auto& [overlay, message] : rows) {
-    std::vector<std::string> args = {"draw", "--raw", "240x48", "--pix", "rgba"};
-    const std::string words = overlay;
-    for (size_t at = 0, end; at < words.size(); at = end + 1) {
-      end = std::min(words.find(' ', at), words.size());
-      args.push_back(words.substr(at, end - at));
-    }
-    const test::RunResult r = test::RunZrfx(dir_, args);
-    EXPECT_EQ(2, r.exitStatus) << overlay;
-    EXPECT_TRUE(r.err.starts_with(message) && r.out.empty()) << overlay << "\n" << r.err;
-    EXPECT_EQ(1, std::count(r.err.begin(), r.err.end(), '\n')) << overlay;
-  }
 }
 
 }  // namespace
