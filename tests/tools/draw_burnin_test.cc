@@ -4,6 +4,7 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <sstream>
 #include <string>
 
 #include "common/crc32.h"
@@ -21,15 +22,13 @@ TEST(Timecode, CountsWholeFramesFromZeroAndWrapsAtADay) {
     uint64_t frame;
     uint32_t fps;
     const char* text;
-  } rows[] = {
-      {0, 25, "00:00:00:00"},
-      {24, 25, "00:00:00:24"},
-      {25, 25, "00:00:01:00"},
-      {91528, 25, "01:01:01:03"},
-      {30 * 86400 + 29, 30, "00:00:00:29"},
-      {99, 100, "00:00:00:99"},
-      {3599, 1, "00:59:59:00"},
-  };
+  } rows[] = {{0, 25, "00:00:00:00"},
+              {24, 25, "00:00:00:24"},
+              {25, 25, "00:00:01:00"},
+              {91528, 25, "01:01:01:03"},
+              {30 * 86400 + 29, 30, "00:00:00:29"},
+              {99, 100, "00:00:00:99"},
+              {3599, 1, "00:59:59:00"}};
   for (const Row& r : rows) EXPECT_EQ(r.text, Timecode(r.frame, r.fps)) << r.frame << " at " << r.fps;
 }
 
@@ -46,7 +45,7 @@ TEST(FrameLabel, WholeCharactersWithOneColumnToSpare) {
 constexpr uint32_t kWidth = 240, kHeight = 48;
 // The caption ends on the last row, and on the PutPixel road its spare
 // column is the last column: one more character would run past the frame.
-constexpr const char* kBurnIn = " --safe-area --text Burn-in --text-at 207,28 --timecode --colour FFC000";
+constexpr const char* kBurnIn = "--safe-area --text Burn-in --text-at 207,28 --timecode --colour FFC000";
 
 class DrawBurnIn : public ::testing::Test {
  protected:
@@ -54,11 +53,8 @@ class DrawBurnIn : public ::testing::Test {
   std::string Draw(const std::string& pix, const std::string& in, const std::string& overlay = kBurnIn) {
     test::WriteFile(dir_ / "in.raw", in);
     std::vector<std::string> args = {"draw", "--raw", "240x48", "--pix", pix, "-i", dir_ / "in.raw"};
-    for (size_t at = 0, end; at < overlay.size(); at = end) {
-      at = overlay.find_first_not_of(' ', at);
-      end = std::min(overlay.find(' ', at), overlay.size());
-      args.push_back(overlay.substr(at, end - at));
-    }
+    std::istringstream words(overlay);
+    for (std::string w; words >> w;) args.push_back(w);
     const test::RunResult r = test::RunZrfx(dir_, args);
     EXPECT_EQ(0, r.exitStatus) << pix << ": " << r.err;
     return r.out;
