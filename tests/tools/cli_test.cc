@@ -131,6 +131,15 @@ TEST_F(ZrfxCli, ExitStatusAndFirstMessage) {
       {"draw --raw 24x10 --pix rgba0 -i @a.rgba", 2, "zrfx: unknown pixel format 'rgba0'"},
       {"draw --raw 23x10 --pix uyvy422 -i @a.rgba", 2, "zrfx: uyvy422 needs a width that is a multiple of 2"},
       {"draw --raw 24x10 --pix rgba --fill 0,0,24,9 -i @a.rgba", 2, "zrfx: --fill 0,0,24,9 is not inside"},
+      {"draw --raw 24x10 --pix rgba --timecode --fps 0", 2, "zrfx: --fps 0 is outside 1..100"},
+      {"draw --raw 24x10 --pix rgba --fps 30", 2, "zrfx: --fps needs --timecode"},
+      {"draw --raw 24x10 --pix rgba --text A --text-size 0", 2, "zrfx: --text-size 0 is outside 1..100"},
+      {"draw --raw 24x10 --pix rgba --text A --text-size 1 --text-at 24,0", 2,
+       "zrfx: --text-at 24,0 is not in"},
+      {"draw --raw 24x10 --pix rgba --text A --text-size 1 --text-at 0,1", 2,
+       "zrfx: --text-at 0,1 is not in the"},
+      {"draw --raw 24x10 --pix rgba --timecode", 2, "zrfx: the timecode's default place 1,-10 is not in"},
+      {"draw --raw 24x10 --pix rgba --text \xC3\xA9", 2, "zrfx: --text holds a character that the"},
       {"gallery --size 10x10 --out @g", 2, "zrfx: the gallery needs pictures of at least 64x48"},
       {"--help", 0, "usage: zrfx [COMMAND]"},
       {"gallery --help", 0, "usage: zrfx [gallery]"},
@@ -306,11 +315,12 @@ TEST_F(ZrfxCli, GalleryWritesTheContactSheetAndEveryPicture) {
     ++pictures;
   }
   // Sources, 20 wipe families and the reverse row at three progress values,
-  // the adapters, the mux modes and grids, and at least the RGB canvases.
-  EXPECT_GE(pictures, 2u + 63u + 6u + 39u + 4u);
+  // the adapters, the mux modes and grids, at least the RGB canvases, and
+  // the curves on six layouts.
+  EXPECT_GE(pictures, 2u + 63u + 6u + 39u + 4u + 6u);
   for (const char* caption :
        {"wipe 22 (zrfxSMPTE_BarnDoorHorizontal), progress 75 of 100", "ZrDraw_DisplayWipeV210",
-        "SPLIT (0x000800) + DIVIDER", "qtGetDraw(pixelRGB24 = 5"})
+        "SPLIT (0x000800) + DIVIDER", "qtGetDraw(pixelRGB24 = 5", "curves-pixelBayerRGGB.png"})
     EXPECT_NE(std::string::npos, html.find(caption)) << caption;
 }
 

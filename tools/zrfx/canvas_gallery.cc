@@ -8,6 +8,7 @@
 #include <vector>
 
 #include "zrfx/canvas_handle.h"
+#include "zrfx/canvas_readback.h"
 #include "zrfx/caption.h"
 #include "zrfx/gallery.h"
 #include "zrfx/pixel_formats.h"
@@ -18,13 +19,6 @@ namespace {
 constexpr const char* kCalls =
     "EraseCanvas, Line (a fan of 24), LineHoriz, LineVert, Dash, Polyline, Rectangle, FillRect, RoundRect, "
     "Circle, Ellipse, Bezier, Label, and Point for the title";
-
-// Room for the widest layout (8 bytes a pixel) plus the pixel that
-// LineHoriz plots past its end on the PutPixel road, and spare rows for
-// the read-backs that look at the next row (Bayer) or the next pixel (UV8).
-size_t BufferBytes(uint32_t width, uint32_t height) {
-  return (static_cast<size_t>(width) * 8 + 256) * (height + 2);
-}
 
 // Colours of the fan of lines, 8-bit RGBA with byte 0 the low byte.
 constexpr uint32_t kFanColours[] = {0xFF3030FFu, 0xFF30A0FFu, 0xFF30FFFFu, 0xFF30FF30u,
@@ -72,28 +66,6 @@ void DrawScene(CanvasHandle& canvas, uint32_t width, uint32_t height, const char
   DrawCanvasText(canvas.get(), width, height, 6, 6, name, 2);
 }
 
-// A component from 0 to 1 as a byte; anything else, not-a-number included,
-// is held to the range.
-uint8_t ToByte(double component) {
-  const double v = component * 255.0 + 0.5;
-  return v >= 255.0 ? 255 : v >= 0.0 ? static_cast<uint8_t>(v) : 0;
-}
-
-// The canvas's pixels as the canvas itself reads them back, opaque: several
-// layouts report alpha 0 or leave it as the caller had it.
-Frame ReadBack(CanvasHandle& canvas, uint32_t width, uint32_t height) {
-  Frame frame(width, height);
-  for (uint32_t y = 0; y < height; ++y)
-    for (uint32_t x = 0; x < width; ++x) {
-      double c[4] = {0.0, 0.0, 0.0, 1.0};
-      canvas->GetPixelRGBA(static_cast<int>(x), static_cast<int>(y), c[0], c[1], c[2], c[3]);
-      uint8_t* p = frame.Pixel(x, y);
-      for (int k = 0; k < 3; ++k) p[k] = ToByte(c[k]);
-      p[3] = 255;
-    }
-  return frame;
-}
-
 }  // namespace
 
 void AddCanvasGallery(ContactSheet& sheet, uint32_t width, uint32_t height) {
@@ -102,7 +74,7 @@ void AddCanvasGallery(ContactSheet& sheet, uint32_t width, uint32_t height) {
                                  "with ") +
                          kCalls + "; read back with GetPixelRGBA for viewing, shown opaque.");
   std::string missing;
-  std::vector<uint8_t> buffer(BufferBytes(width, height));
+  std::vector<uint8_t> buffer(CanvasBufferBytes(width, height));
   for (const PixelFormat& format : PixelFormats()) {
     const std::string name = format.enumerator;
     if (!CanvasHandle::Supports(format.type)) {

@@ -27,9 +27,10 @@ constexpr const char* kHelp =
     "usage: zrfx [gallery] [--out DIR] [--size WxH] [--sheet-png]\n"
     "\n"
     "Renders every wipe family (at 25, 50 and 75 percent), the 4:2:2 and v210\n"
-    "adapters, every mux mode with the flags that change it, the grid overlay\n"
-    "and the canvas drawing on several pixel types, from two built-in pictures,\n"
-    "as PNG files with an index.html contact sheet.\n"
+    "adapters, every mux mode with the flags that change it, the grid overlay,\n"
+    "the canvas drawing on every pixel type, and curves and text at several\n"
+    "sizes on one pixel type of each family, from two built-in pictures, as\n"
+    "PNG files with an index.html contact sheet.\n"
     "\n"
     "  --out DIR     where to write (default ./zrfx-gallery; created if needed)\n"
     "  --size WxH    picture size (default 384x216, at least 64x48)\n"
@@ -62,6 +63,7 @@ int GalleryCommand(int argc, char** argv, int first) {
   AddWipeGallery(sheet, a, b);
   AddMuxGallery(sheet, a, b, MakeChangedCopy(a));
   AddCanvasGallery(sheet, size.width, size.height);
+  AddCurvesGallery(sheet, size.width, size.height);
   const std::string index = sheet.WriteIndex(
       "zrfx gallery",
       "Every transition and mux mode of zrdraw on two built-in " + std::to_string(size.width) + "x" +

@@ -19,6 +19,10 @@ void AddMuxGallery(ContactSheet& sheet, const Frame& a, const Frame& b, const Fr
 // Lines and shapes drawn through canvases of several pixel types.
 void AddCanvasGallery(ContactSheet& sheet, uint32_t width, uint32_t height);
 
+// Circles, ellipses, arcs, pies, Bezier curves, rounded rectangles and
+// text at several sizes, on one pixel type of each family.
+void AddCurvesGallery(ContactSheet& sheet, uint32_t width, uint32_t height);
+
 }  // namespace zrfx
 
 #endif

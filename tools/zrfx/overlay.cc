@@ -45,11 +45,12 @@ Overlay ParseOverlay(const Args& args, uint32_t width, uint32_t height) {
   }
   if (const auto fill = args.Value("fill")) o.fill = ParseRect("fill", *fill, width, height);
   if (const auto rect = args.Value("rect")) o.outline = ParseRect("rect", *rect, width, height);
+  o.burnIn = ParseBurnIn(args, width, height);
   return o;
 }
 
 void DrawOverlay(CanvasHandle& canvas, unsigned int type, const Overlay& overlay, uint32_t width,
-                 uint32_t height) {
+                 uint32_t height, uint64_t frame) {
   const int right = static_cast<int>(width) - 1, bottom = static_cast<int>(height) - 1;
   if (overlay.gridStep) {
     for (uint64_t x = 0; x < width; x += overlay.gridStep) canvas->LineVert(static_cast<int>(x), 0, bottom);
@@ -66,6 +67,7 @@ void DrawOverlay(CanvasHandle& canvas, unsigned int type, const Overlay& overlay
     canvas->FillRect(&r);
   }
   if (const auto& r = overlay.outline) canvas->Rectangle(r->left, r->top, r->right, r->bottom);
+  DrawBurnIn(canvas.get(), overlay.burnIn, frame, width, height);
 }
 
 }  // namespace zrfx
