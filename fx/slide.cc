@@ -3,6 +3,7 @@
 // times the pixel size apart; the pitches are not read), ignores the reverse
 // flag, acts only for a band at column 0 and row 0, and clamps its length.
 #include <algorithm>
+#include <cstdint>
 #include <iterator>
 
 #include "fx/fx_call.h"
@@ -40,8 +41,34 @@ void SlideDown(const SlideFrame& f) {
 }
 
 // The sideways moves copy srcB whole first and divide only after that, and
-// not at all for a frame without rows.
+// not at all for a frame without rows. Where dst shares no byte with either
+// source (and nothing wraps), one pass that takes each row's part from srcA
+// and the rest from srcB writes the same bytes once instead of 1.5 times.
+bool OnePass(const SlideFrame& f) {
+  const FxCall& c = f.c;
+  const uint64_t frame = uint64_t{c.width} * f.bpp * c.height;
+  if (c.height == 0 || c.progressEnd == c.progressStart || f.copy == CopySharedBytes || frame >> 32)
+    return false;
+  const auto at = [](const uint8_t* p) { return reinterpret_cast<uintptr_t>(p); };
+  const auto apart = [&](const uint8_t* src) {
+    return at(c.dst) + frame <= at(src) || at(src) + frame <= at(c.dst);
+  };
+  return apart(c.srcA) && apart(c.srcB);
+}
+
+// Per row, the width - n pixels of srcA moved n to the left or right, and the
+// n pixels of srcB that they uncover.
+void SlideSidewaysOnce(const SlideFrame& f, bool left) {
+  const uint32_t w = f.c.width * f.bpp, n = f.ShiftW() * f.bpp;
+  const uint32_t aFrom = left ? n : 0, aTo = left ? 0 : n, bAt = left ? w - n : 0;
+  for (uint32_t y = 0; y < f.c.height; ++y) {
+    f.copy(f.c.dst + f.Rows(y) + aTo, f.c.srcA + f.Rows(y) + aFrom, w - n, f.rowBytes);
+    f.copy(f.c.dst + f.Rows(y) + bAt, f.c.srcB + f.Rows(y) + bAt, n, f.rowBytes);
+  }
+}
+
 void SlideLeft(const SlideFrame& f) {
+  if (OnePass(f)) return SlideSidewaysOnce(f, true);
   f.copy(f.c.dst, f.c.srcB, f.Rows(f.c.height), f.rowBytes);
   if (f.c.height == 0) return;
   const uint32_t n = f.ShiftW();
@@ -50,6 +77,7 @@ void SlideLeft(const SlideFrame& f) {
 }
 
 void SlideRight(const SlideFrame& f) {
+  if (OnePass(f)) return SlideSidewaysOnce(f, false);
   f.copy(f.c.dst, f.c.srcB, f.Rows(f.c.height), f.rowBytes);
   if (f.c.height == 0) return;
   const uint32_t n = f.ShiftW();
