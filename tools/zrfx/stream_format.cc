@@ -40,8 +40,8 @@ StreamFormat RawStreamFormat(const PixelFormat& format, FrameSize size) {
   } else if (format.type == pixelV210) {
     s.route = WipeRoute::kV210;
   } else {
-    throw UsageError(std::string("the transitions do not take ") + format.Name() + " (they take " + kRawHelp +
-                     ")");
+    throw UsageError(std::string("the transitions do not take ") + format.Name() +
+                     " (zrfx transition --help lists the layouts they take)");
   }
   if (!format.FitsWidth(size.width))
     throw UsageError(s.name + " frames need a width that is a multiple of " +
