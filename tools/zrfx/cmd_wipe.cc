@@ -37,9 +37,10 @@ constexpr const char* kHelp =
     "  --layout L    rgba (default), ycbcr (through ZrDraw_DisplayWipeYCbCr on\n"
     "                8-bit 4:2:2) or v210 (through ZrDraw_DisplayWipeV210)\n"
     "  -o OUT.png    the output; it has an alpha channel when an input has one\n"
-    "  --raw, --pix, --y4m  streams, as in zrfx transition: each pair of frames\n"
-    "                gives one output frame at progress P, until the shorter\n"
-    "                stream ends\n"
+    "  --raw WxH     raw streams instead of pictures, with --pix FMT, or y4m\n"
+    "                streams with --y4m, as in zrfx transition: each pair of\n"
+    "                frames gives one output frame at progress P, until the\n"
+    "                shorter stream ends\n"
     "\n"
     "Wipe numbers and the effect each plays as:\n";
 
