@@ -3,7 +3,9 @@
 // a frame into the loop's own buffer as a read from a pipe would, and each
 // write copies the result out. BM_PipeMemcpy copies the same bytes (two
 // frames in, one out) in one memcpy: the tool's cost per frame is the ratio
-// of the two times, measured in the same run.
+// of the two times, measured in the same run. The *Call benchmarks make the
+// same frames without reading or writing: the loop's time less the call's is
+// what the tool adds to the library.
 #include <benchmark/benchmark.h>
 #include <zrdraw.h>
 
@@ -97,6 +99,32 @@ void BM_MuxLoop(benchmark::State& state, uint32_t flags) {
   Report(state, f.FrameBytes());
 }
 
+// The library calls alone, on frames that stay in place.
+void BM_TransitionCall(benchmark::State& state, const char* pix, uint32_t code) {
+  const StreamFormat f = Format(pix, state);
+  FrameBuffer a(f.FrameBytes(), f.pitch), b(f.FrameBytes(), f.pitch), out(f.FrameBytes(), f.pitch);
+  for (auto _ : state) {
+    WipeFrames(f, a.data(), b.data(), out.data(), code, 100, 50);
+    benchmark::ClobberMemory();
+  }
+  Report(state, f.FrameBytes());
+}
+
+void BM_MuxCall(benchmark::State& state, uint32_t flags) {
+  const StreamFormat f = Format("rgba", state);
+  FrameBuffer a(f.FrameBytes(), f.pitch), b(f.FrameBytes(), f.pitch), out(f.FrameBytes(), f.pitch);
+  MuxSettings s;
+  s.flags = flags;
+  s.position = 32768;
+  s.splitX = f.width / 2;
+  s.splitY = f.height / 2;
+  for (auto _ : state) {
+    RunMux(a.data(), b.data(), out.data(), f.width, f.height, s);
+    benchmark::ClobberMemory();
+  }
+  Report(state, f.FrameBytes());
+}
+
 // The floor: the bytes that a frame moves through the pipes, copied once.
 void BM_PipeMemcpy(benchmark::State& state, const char* pix) {
   const size_t bytes = 3 * Format(pix, state).FrameBytes();
@@ -109,14 +137,18 @@ void BM_PipeMemcpy(benchmark::State& state, const char* pix) {
   Report(state, bytes / 3);
 }
 
-#define ZRFX_SIZES Args({kHD.width, kHD.height})->Args({kUHD.width, kUHD.height})->UseRealTime()
+#define ZRFX_SIZES \
+  Args({kHD.width, kHD.height})->Args({kUHD.width, kUHD.height})->MeasureProcessCPUTime()->UseRealTime()
 BENCHMARK_CAPTURE(BM_PipeMemcpy, rgba, "rgba")->ZRFX_SIZES;
 BENCHMARK_CAPTURE(BM_TransitionLoop, rgba_horizontal, "rgba", 1)->ZRFX_SIZES;
+BENCHMARK_CAPTURE(BM_TransitionCall, rgba_horizontal, "rgba", 1)->ZRFX_SIZES;
 BENCHMARK_CAPTURE(BM_TransitionLoop, rgba_dissolve, "rgba", 0)->ZRFX_SIZES;
 BENCHMARK_CAPTURE(BM_MuxLoop, crossfade, MUX_CROSSFADE)->ZRFX_SIZES;
+BENCHMARK_CAPTURE(BM_MuxCall, crossfade, MUX_CROSSFADE)->ZRFX_SIZES;
 BENCHMARK_CAPTURE(BM_MuxLoop, split, MUX_SPLIT)->ZRFX_SIZES;
 BENCHMARK_CAPTURE(BM_PipeMemcpy, v210, "v210")->ZRFX_SIZES;
 BENCHMARK_CAPTURE(BM_TransitionLoop, v210_horizontal, "v210", 1)->ZRFX_SIZES;
+BENCHMARK_CAPTURE(BM_TransitionCall, v210_horizontal, "v210", 1)->ZRFX_SIZES;
 BENCHMARK_CAPTURE(BM_PipeMemcpy, uyvy422, "uyvy422")->ZRFX_SIZES;
 BENCHMARK_CAPTURE(BM_TransitionLoop, uyvy422_horizontal, "uyvy422", 1)->ZRFX_SIZES;
 
