@@ -9,6 +9,7 @@
 #include "common/crc32.h"
 #include "run_zrfx.h"
 #include "zrfx/pixel_formats.h"
+#include "zrfx/png_io.h"
 #include "zrfx/y4m_convert.h"
 
 namespace zrfx {
@@ -119,8 +120,9 @@ TEST_F(Streams, EachSubcommandOnEachLayout) {
 }
 
 // Frame k of a transition is the wipe at progress k * S / (F-1) on the scale
-// S; the first frame is A, the last B (v210 keeps 8 bits of each sample
-// through the adapter), and a y4m output repeats A's header.
+// S, in streams and in PNG mode with --layout; the first frame is A, the last
+// B (v210 keeps 8 bits of each sample through the adapter), and a y4m output
+// repeats A's header.
 TEST_F(Streams, TransitionEndsAndSpan) {
   const size_t uyvy = ParsePixelFormat("uyvy422").FrameBytes(kWidth, kHeight);
   const std::string a = test::ReadFile(dir_ / "a.uyvy422"), b = test::ReadFile(dir_ / "b.uyvy422");
@@ -144,6 +146,13 @@ TEST_F(Streams, TransitionEndsAndSpan) {
     for (int k = 0; k < 4; ++k) b210[i + k] = static_cast<char>(word >> (8 * k));
   }
   EXPECT_EQ(b210, v210.substr(1280));
+
+  // PNG mode: --layout as in wipe, --span shared.
+  WritePng(dir_ / "a.png", test::RandomFrame(kWidth, kHeight, 5), false);
+  WritePng(dir_ / "b.png", test::RandomFrame(kWidth, kHeight, 6), false);
+  Run("transition --code 2 --frames 4 --span 10 --layout ycbcr @a.png @b.png -o @f%d.png");
+  Run("wipe --code 2 --progress 3 --span 10 --layout ycbcr @a.png @b.png -o @w.png");
+  EXPECT_EQ(test::ReadFile(dir_ / "w.png"), test::ReadFile(dir_ / "f1.png"));
 
   const std::string y4m = Run("transition --code 1 --frames 2 @a_C444.y4m @b_C444.y4m -o @o");
   const std::string b444 = test::ReadFile(dir_ / "b_C444.y4m");
