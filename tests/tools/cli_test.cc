@@ -104,7 +104,7 @@ TEST_F(ZrfxCli, ExitStatusAndFirstMessage) {
       {"mux --mode split --raw 0x10 RAW", 2, "zrfx: a frame size of 0x10 is not supported"},
       {"mux --mode split --raw 16384x16384 RAW", 2, "zrfx: a frame size of 16384x16384 is not"},
       {"mux --mode split --raw 24x10 - - -o @o.rgba", 2, "zrfx: only one input can be standard input"},
-      {"mux --mode split --raw 24x10 @cut.rgba @b.rgba -o @o.rgba", 2, "zrfx: @cut.rgba holds 963 bytes, not a"},
+      {"mux --mode split --raw 24x10 @cut.rgba @b.rgba -o @o.rgba", 2, "zrfx: @cut.rgba holds 963 bytes"},
       {"draw --raw 24x10 --pix rgba -i @cut.rgba", 2, "zrfx: @cut.rgba holds 963 bytes, not a whole number"},
       {"draw --raw 24x10 --pix rgba0 -i @a.rgba", 2, "zrfx: unknown pixel format 'rgba0'"},
       {"draw --raw 23x10 --pix uyvy422 -i @a.rgba", 2, "zrfx: uyvy422 needs a width that is a multiple of 2"},
