@@ -14,7 +14,7 @@
 #include "zrfx/numbers.h"
 #include "zrfx/operations.h"
 #include "zrfx/progress_line.h"
-#include "zrfx/raw_io.h"
+#include "zrfx/streams.h"
 #include "zrfx/wipe_names.h"
 #include "zrfx/wipe_probe.h"
 
@@ -27,12 +27,13 @@ const std::vector<Option> kOptions = {
     {"mode", nullptr, true, false},     {"flag", nullptr, true, true},     {"level", nullptr, true, false},
     {"position", nullptr, true, false}, {"split-x", nullptr, true, false}, {"split-y", nullptr, true, false},
     {"grid", nullptr, true, false},     {"code", nullptr, true, false},    {"reverse", nullptr, false, false},
-    {"raw", nullptr, true, false},      {"out", "-o", true, false},        {"help", "-h", false, false},
+    {"raw", nullptr, true, false},      {"pix", nullptr, true, false},     {"y4m", nullptr, false, false},
+    {"out", "-o", true, false},         {"help", "-h", false, false},
 };
 
 constexpr const char* kHelp =
     "usage: zrfx mux --mode NAME [options] A.png B.png -o OUT.png\n"
-    "       zrfx mux --mode NAME [options] --raw WxH A B -o OUT|-\n"
+    "       zrfx mux --mode NAME [options] --raw WxH [--pix rgba|bgra] A B -o OUT|-\n"
     "\n"
     "Combines A and B with ZrDraw_DisplayMuxRGBA.\n"
     "\n"
@@ -50,6 +51,9 @@ constexpr const char* kHelp =
     "                  that size ('-' is standard input); each pair of frames\n"
     "                  gives one output frame until the shorter stream ends. The\n"
     "                  frames go to the file OUT, or to standard output with -o -.\n"
+    "  --pix FMT       the raw frames' layout: rgba (default) or bgra. The mux\n"
+    "                  takes four bytes a pixel with alpha last, so no other\n"
+    "                  layout and no y4m stream; convert those to rgba first.\n"
     "  -o OUT.png      the output (- for standard output); it has an alpha\n"
     "                  channel when an input has one\n"
     "\n";
@@ -119,33 +123,13 @@ void RunPngMux(const Args& args, const MuxOptions& options) {
   WritePng(out, result, pair.HasAlpha());
 }
 
-// Reads frame k of both streams; false when either has ended. Throws
-// UsageError when one holds no frame at all.
-bool ReadPair(RawInput& inputA, Frame& a, RawInput& inputB, Frame& b, uint64_t k) {
-  for (auto [input, frame] : {std::pair{&inputA, &a}, std::pair{&inputB, &b}}) {
-    if (input->ReadFrame(frame->data(), frame->bytes())) continue;
-    if (k == 0) throw UsageError(input->name() + " holds no frame");
-    return false;
-  }
-  return true;
-}
-
-void RunRawMux(const Args& args, const MuxOptions& options) {
-  const FrameSize size = ParseFrameSize(*args.Value("raw"));
-  const MuxSettings settings = SettingsFor(options, size.width, size.height);
-  const std::string& nameA = args.Positional()[0];
-  const std::string& nameB = args.Positional()[1];
-  if (nameA == "-" && nameB == "-") throw UsageError("only one input can be standard input");
-  RawInput inputA(nameA), inputB(nameB);
-  RawOutput output(args.Required("out"));
-  Frame a(size.width, size.height), b(size.width, size.height), result(size.width, size.height);
-  ProgressLine progress(0);
-  for (uint64_t k = 0; ReadPair(inputA, a, inputB, b, k); ++k) {
-    RunMux(a, b, result, settings);
-    output.WriteFrame(result.data(), result.bytes());
-    progress.Update(k + 1);
-  }
-  output.Close();
+void RunStreamMux(const Args& args, const MuxOptions& options) {
+  Streams s = OpenStreams(args, CheckMuxable);
+  const uint32_t width = s.format.width, height = s.format.height;
+  const MuxSettings settings = SettingsFor(options, width, height);
+  RunPairLoop(*s.a, *s.b, *s.out, s.Shape(), [&](uint8_t* a, uint8_t* b, uint8_t* out, uint64_t) {
+    RunMux(a, b, out, width, height, settings);
+  });
 }
 
 }  // namespace
@@ -158,8 +142,8 @@ int MuxCommand(int argc, char** argv, int first) {
   }
   const MuxOptions options = ParseOptions(args);
   args.ExpectPositional(2, "two inputs A and B");
-  if (args.Has("raw"))
-    RunRawMux(args, options);
+  if (WantsStreams(args))
+    RunStreamMux(args, options);
   else
     RunPngMux(args, options);
   return kExitOk;

@@ -1,5 +1,5 @@
 // zrfx transition: every frame of a transition, as numbered PNG files or as
-// a raw RGBA stream.
+// a raw or y4m stream.
 #include <cstdio>
 
 #include "zrfx/args.h"
@@ -10,7 +10,7 @@
 #include "zrfx/numbers.h"
 #include "zrfx/operations.h"
 #include "zrfx/progress_line.h"
-#include "zrfx/raw_io.h"
+#include "zrfx/streams.h"
 #include "zrfx/wipe_names.h"
 
 namespace zrfx {
@@ -18,64 +18,70 @@ namespace {
 
 const std::vector<Option> kOptions = {
     {"code", nullptr, true, false}, {"frames", nullptr, true, false}, {"reverse", nullptr, false, false},
-    {"raw", nullptr, true, false},  {"out", "-o", true, false},       {"help", "-h", false, false},
+    {"span", nullptr, true, false}, {"layout", nullptr, true, false}, {"raw", nullptr, true, false},
+    {"pix", nullptr, true, false},  {"y4m", nullptr, false, false},   {"out", "-o", true, false},
+    {"help", "-h", false, false},
 };
 
 constexpr const char* kHelp =
-    "usage: zrfx transition --code N --frames F [--reverse] A.png B.png -o OUT_%03d.png\n"
-    "       zrfx transition --code N --frames F [--reverse] --raw WxH A B -o OUT|-\n"
+    "usage: zrfx transition --code N --frames F [options] A.png B.png -o OUT_%03d.png\n"
+    "       zrfx transition --code N --frames F [options] --raw WxH [--pix FMT] A B -o OUT|-\n"
+    "       zrfx transition --code N --frames F [options] A.y4m B.y4m -o OUT.y4m|-\n"
     "\n"
     "The whole transition from A to B in F frames. Frame k (from 0) is one call\n"
-    "of ZrDraw_DisplayWipe with progress k on a scale from 0 to F-1, as a host\n"
-    "plays a transition: frame 0 shows A, frame F-1 shows B.\n"
+    "of ZrDraw_DisplayWipe with progress k * S / (F-1) on a scale from 0 to S,\n"
+    "as a host plays a transition: frame 0 shows A, frame F-1 shows B.\n"
     "\n"
     "  --code N      wipe number, 0 to 2147483647 (see zrfx wipe --help)\n"
     "  --frames F    number of frames, at least 2\n"
+    "  --span S      the end of the progress scale (default F-1)\n"
     "  --reverse     set bit 31 of the wipe code: A and B exchange roles\n"
+    "  --layout L    PNG mode: rgba (default), ycbcr or v210, as in zrfx wipe\n"
     "  -o PATTERN    PNG mode: file names with one %d, %4d or %03d for k\n"
-    "  --raw WxH     A and B are files or pipes of packed 8-bit RGBA frames of\n"
-    "                that size ('-' is standard input); frame k of the output\n"
-    "                mixes frame k of each. A stream that ends early holds its\n"
-    "                last frame, so a single frame serves as a still. The F\n"
-    "                frames go to the file OUT, or to standard output with -o -.\n";
+    "  --raw WxH     A and B are files or pipes of raw frames of that size ('-'\n"
+    "                is standard input); frame k of the output mixes frame k of\n"
+    "                each. A stream that ends early holds its last frame, so a\n"
+    "                single frame serves as a still. The F frames go to the\n"
+    "                file OUT, or to standard output with -o -.\n"
+    "  --pix FMT     the raw frames' layout, by its ffmpeg name (default rgba):\n";
 
-void RunPngTransition(const Args& args, uint32_t code, uint32_t frames) {
+constexpr const char* kHelpTail =
+    ".\n"
+    "                4:2:2 goes through ZrDraw_DisplayWipeYCbCr, v210 through\n"
+    "                ZrDraw_DisplayWipeV210, so the output keeps the input's layout.\n"
+    "  --y4m         A and B are YUV4MPEG2 streams (implied by names ending in\n"
+    "                .y4m), progressive C422, C422p10, C444 or C444p10, of one\n"
+    "                size; the output has A's header. 4:2:2 is wiped as uyvy422\n"
+    "                or v210, 4:4:4 as Y Cb Cr samples side by side.\n";
+
+// Progress of frame k of `frames` on a scale from 0 to `span`.
+uint32_t FrameProgress(uint64_t k, uint32_t frames, uint32_t span) {
+  return static_cast<uint32_t>(k * span / (frames - 1));
+}
+
+void RunPngTransition(const Args& args, uint32_t code, uint32_t frames, uint32_t span) {
   const FramePattern pattern(args.Required("out"));
+  const std::string layout = WipeLayoutOption(args);
   PicturePair pair = ReadPicturePair(args.Positional()[0], args.Positional()[1]);
   Frame result(pair.a.frame.width(), pair.a.frame.height());
   for (uint32_t k = 0; k < frames; ++k) {
-    RunWipe(pair.a.frame, pair.b.frame, result, code, frames - 1, k);
-    WritePng(pattern.Format(k), result, pair.HasAlpha());
+    const uint32_t progress = FrameProgress(k, frames, span);
+    if (layout == "ycbcr")
+      result = RunWipeYCbCr(pair.a.frame, pair.b.frame, code, span, progress);
+    else if (layout == "v210")
+      result = RunWipeV210(pair.a.frame, pair.b.frame, code, span, progress);
+    else
+      RunWipe(pair.a.frame, pair.b.frame, result, code, span, progress);
+    WritePng(pattern.Format(k), result, pair.HasAlpha() && layout == "rgba");
   }
 }
 
-// Reads the next frame of `input` into `frame`, keeping what it holds when
-// the stream has ended. Throws UsageError when the first frame is missing.
-void NextFrame(RawInput& input, Frame& frame, bool& ended, uint32_t k) {
-  if (ended) return;
-  if (input.ReadFrame(frame.data(), frame.bytes())) return;
-  if (k == 0) throw UsageError(input.name() + " holds no frame");
-  ended = true;
-}
-
-void RunRawTransition(const Args& args, uint32_t code, uint32_t frames) {
-  const FrameSize size = ParseFrameSize(*args.Value("raw"));
-  const std::string& nameA = args.Positional()[0];
-  const std::string& nameB = args.Positional()[1];
-  if (nameA == "-" && nameB == "-") throw UsageError("only one input can be standard input");
-  RawInput inputA(nameA), inputB(nameB);
-  RawOutput output(args.Required("out"));
-  Frame a(size.width, size.height), b(size.width, size.height), result(size.width, size.height);
-  bool endedA = false, endedB = false;
-  ProgressLine progress(frames);
-  for (uint32_t k = 0; k < frames; ++k) {
-    NextFrame(inputA, a, endedA, k);
-    NextFrame(inputB, b, endedB, k);
-    RunWipe(a, b, result, code, frames - 1, k);
-    output.WriteFrame(result.data(), result.bytes());
-    progress.Update(k + 1);
-  }
-  output.Close();
+void RunStreamTransition(const Args& args, uint32_t code, uint32_t frames, uint32_t span) {
+  if (args.Has("layout")) throw UsageError("--layout is for PNG pictures; give a stream's layout with --pix");
+  Streams s = OpenStreams(args);
+  RunHeldLoop(*s.a, *s.b, *s.out, s.Shape(), frames, [&](uint8_t* a, uint8_t* b, uint8_t* out, uint64_t k) {
+    WipeFrames(s.format, a, b, out, code, span, FrameProgress(k, frames, span));
+  });
 }
 
 }  // namespace
@@ -83,17 +89,19 @@ void RunRawTransition(const Args& args, uint32_t code, uint32_t frames) {
 int TransitionCommand(int argc, char** argv, int first) {
   const Args args(kOptions, argc, argv, first);
   if (args.Has("help")) {
-    std::fputs(kHelp, stdout);
+    std::printf("%s%s%s", kHelp, StreamFormatHelp(), kHelpTail);
     return kExitOk;
   }
   const uint32_t code = WipeCodeOption(args);
   const uint32_t frames = ParseU32(args.Required("frames"), "frame count");
   if (frames < 2) throw UsageError("a transition needs at least 2 frames");
+  const uint32_t span = args.Has("span") ? ParseU32(*args.Value("span"), "span") : frames - 1;
+  if (span == 0) throw UsageError("span must be at least 1");
   args.ExpectPositional(2, "two inputs A and B");
-  if (args.Has("raw"))
-    RunRawTransition(args, code, frames);
+  if (WantsStreams(args))
+    RunStreamTransition(args, code, frames, span);
   else
-    RunPngTransition(args, code, frames);
+    RunPngTransition(args, code, frames, span);
   return kExitOk;
 }
 

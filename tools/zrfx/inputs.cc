@@ -20,6 +20,13 @@ void CheckSameSize(const Frame& a, const std::string& nameA, const Frame& b, con
                    "; both inputs must have the same size");
 }
 
+std::string WipeLayoutOption(const Args& args) {
+  const std::string layout = args.Value("layout").value_or("rgba");
+  if (layout != "rgba" && layout != "ycbcr" && layout != "v210")
+    throw UsageError("unknown layout '" + layout + "' (rgba, ycbcr or v210)");
+  return layout;
+}
+
 uint32_t WipeCodeOption(const Args& args) {
   uint32_t code = ParseWipeNumber(args.Required("code"));
   if (args.Has("reverse")) code |= kWipeReverse;

@@ -24,6 +24,9 @@ PicturePair ReadPicturePair(const std::string& pathA, const std::string& pathB);
 // Throws UsageError naming both sizes unless they are equal.
 void CheckSameSize(const Frame& a, const std::string& nameA, const Frame& b, const std::string& nameB);
 
+// --layout L of the PNG wipes: "rgba" (the default), "ycbcr" or "v210".
+std::string WipeLayoutOption(const Args& args);
+
 // --code N and --reverse as one wipe code: bit 31 is the reverse flag.
 // Throws UsageError for a code that writes nothing.
 uint32_t WipeCodeOption(const Args& args);

@@ -63,12 +63,15 @@ void CheckMuxSettings(const MuxSettings& s, uint32_t width, uint32_t height) {
 }
 
 void RunMux(Frame& a, Frame& b, Frame& out, const MuxSettings& s) {
-  CheckMuxSettings(s, a.width(), a.height());
-  const auto bytes = static_cast<uint32_t>(a.bytes());
-  ZrDraw_DisplayMuxRGBA(reinterpret_cast<uint32_t*>(a.data()), bytes, reinterpret_cast<uint32_t*>(b.data()),
-                        bytes, reinterpret_cast<uint32_t*>(out.data()), bytes, s.flags, s.wipeCode,
-                        s.position, s.level, s.splitX, s.splitY, s.gridMode, s.gridStepX, s.gridStepY,
-                        a.width(), a.height(), a.pitch());
+  RunMux(a.data(), b.data(), out.data(), a.width(), a.height(), s);
+}
+
+void RunMux(uint8_t* a, uint8_t* b, uint8_t* out, uint32_t width, uint32_t height, const MuxSettings& s) {
+  CheckMuxSettings(s, width, height);
+  const uint32_t pitch = 4 * width, bytes = pitch * height;
+  ZrDraw_DisplayMuxRGBA(reinterpret_cast<uint32_t*>(a), bytes, reinterpret_cast<uint32_t*>(b), bytes,
+                        reinterpret_cast<uint32_t*>(out), bytes, s.flags, s.wipeCode, s.position, s.level,
+                        s.splitX, s.splitY, s.gridMode, s.gridStepX, s.gridStepY, width, height, pitch);
 }
 
 }  // namespace zrfx

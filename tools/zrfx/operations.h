@@ -28,6 +28,10 @@ void CheckMuxSettings(const MuxSettings& settings, uint32_t width, uint32_t heig
 // ZrDraw_DisplayMuxRGBA on three frames of one size. A flip flag flips the
 // source frames in place, as it does for any host.
 void RunMux(Frame& a, Frame& b, Frame& out, const MuxSettings& settings);
+// The same on frames of `width` by `height` pixels packed at 4 bytes a pixel,
+// each with the room after it that Frame keeps.
+void RunMux(uint8_t* a, uint8_t* b, uint8_t* out, uint32_t width, uint32_t height,
+            const MuxSettings& settings);
 
 }  // namespace zrfx
 
