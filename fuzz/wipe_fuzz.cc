@@ -75,8 +75,12 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
     pitchB = PickPitch(in, rowBytes);
     dstPitch = in.U32();
     const uint32_t packed = rowBytes * height;
-    bytesA = std::max(Frame(height, pitchA, rowBytes), packed);
-    bytesB = std::max(Frame(height, pitchB, rowBytes), packed);
+    // The vertical wipe copies whole rows, pitchA bytes from the incoming
+    // row and pitchB bytes from the outgoing one, whichever picture each is.
+    const bool wholeRows = zr::fx::WipeEffectFor(code) == zrfxSMPTE_Vertical;
+    const uint32_t longest = wholeRows ? std::max({rowBytes, pitchA, pitchB}) : rowBytes;
+    bytesA = std::max(Frame(height, pitchA, longest), packed);
+    bytesB = std::max(Frame(height, pitchB, longest), packed);
     bytesOut = bytesB;
   } else if (entry == Entry::kYCbCr) {
     // Sources are read in groups of 4 pixels, dst written in pairs.
