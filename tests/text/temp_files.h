@@ -57,6 +57,11 @@ inline Bytes Cut(Bytes b, size_t n) {
   return b;
 }
 
+inline Bytes Set(Bytes b, size_t at, const std::string& bytes) {
+  std::copy(bytes.begin(), bytes.end(), b.begin() + at);
+  return b;
+}
+
 }  // namespace zr::test
 
 #endif
