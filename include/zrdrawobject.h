@@ -23,6 +23,28 @@ extern ZR_EXPORT int yStartArc;
 extern ZR_EXPORT int xEndArc;
 extern ZR_EXPORT int yEndArc;
 
+// What ExtractBMPData read last, shared by every canvas of the process and
+// not re-entrant: the bitmap info header without its size word (the last
+// field holds no file data), and the raw pixel bytes as the file holds them.
+struct ZrBitmapHeader {
+  int32_t width;
+  int32_t height;
+  uint16_t planes;
+  uint16_t bitCount;
+  uint32_t compression;
+  uint32_t sizeImage;
+  int32_t xPelsPerMeter;
+  int32_t yPelsPerMeter;
+  uint32_t clrUsed;
+  uint32_t clrImportant;
+};
+static_assert(sizeof(ZrBitmapHeader) == 36, "the bitmap header record is 36 bytes");
+extern ZR_EXPORT ZrBitmapHeader pImgHdr;
+extern ZR_EXPORT unsigned char data[0x100000];
+// Exported for hosts that link against them; the library never uses them.
+extern ZR_EXPORT unsigned char fp[12];
+extern ZR_EXPORT void* mpEdgeBuffer;
+
 // Argument types of the empty operations Filter and Scale: no value of
 // theirs has an effect.
 enum zrFilterType : int {};
