@@ -2,7 +2,7 @@
 // into the caller's storage and holds the descriptor in mEmfFile. Records are
 // never played.
 #include <fcntl.h>
-#include <sys/uio.h>
+#include <limits.h>
 #include <unistd.h>
 
 #include <csignal>
@@ -31,19 +31,24 @@ void FaultOnAddress() { std::raise(SIGSEGV); }
 // XOR of the 16-bit words from `start` up to, not including, `end`; 0 when
 // `end` is not beyond `start`. The stretch can run through memory that no
 // object of ours spans, so it is read through the kernel, which reports an
-// unmapped page instead of faulting on it. False when part of it is unmapped.
-bool XorWords(uintptr_t start, uintptr_t end, uint16_t& value) {
+// unmapped page instead of faulting on it.
+enum class Walk { kDone, kUnmapped, kNoPipe };
+Walk XorWords(uintptr_t start, uintptr_t end, uint16_t& value) {
   value = 0;
-  if (end <= start) return true;
+  if (end <= start) return Walk::kDone;
+  // Each piece goes through a pipe: write() copies it out of our memory and
+  // fails or stops short on an unmapped page, as user-mode emulators also do.
+  int pipeEnds[2];
+  if (pipe(pipeEnds) != 0) return Walk::kNoPipe;
   uint64_t left = (end - start + 1) / 2 * 2;
   uintptr_t at = start;
-  unsigned char chunk[4096];
-  while (left != 0) {
+  unsigned char chunk[PIPE_BUF];
+  bool mapped = true;
+  while (left != 0 && mapped) {
     const size_t bytes = left < sizeof chunk ? static_cast<size_t>(left) : sizeof chunk;
-    iovec local{chunk, bytes};
-    iovec remote{reinterpret_cast<void*>(at), bytes};
-    if (process_vm_readv(getpid(), &local, 1, &remote, 1, 0) != static_cast<ssize_t>(bytes)) return false;
-    for (size_t i = 0; i < bytes; i += 2) {
+    mapped = write(pipeEnds[1], reinterpret_cast<const void*>(at), bytes) == static_cast<ssize_t>(bytes) &&
+             read(pipeEnds[0], chunk, bytes) == static_cast<ssize_t>(bytes);
+    for (size_t i = 0; mapped && i < bytes; i += 2) {
       uint16_t word;
       std::memcpy(&word, chunk + i, 2);
       value ^= word;
@@ -51,7 +56,9 @@ bool XorWords(uintptr_t start, uintptr_t end, uint16_t& value) {
     at += bytes;
     left -= bytes;
   }
-  return true;
+  close(pipeEnds[0]);
+  close(pipeEnds[1]);
+  return mapped ? Walk::kDone : Walk::kUnmapped;
 }
 
 }  // namespace
@@ -69,10 +76,14 @@ int ZrDraw::EMFOpen(const char* path) {
   if (first == kPlaceableKey) {
     lseek(mEmfFile, 0, SEEK_SET);
     ReadUnchecked(mEmfFile, mpPlaceableHeader, kPlaceableBytes);
-    uint16_t value;
+    uint16_t value = 0;
     const uintptr_t header = reinterpret_cast<uintptr_t>(mpPlaceableHeader);
-    if (header == 0 ||
-        !XorWords(reinterpret_cast<uintptr_t>(&mpPlaceableHeader), header + kCheckWordAt, value)) {
+    const Walk walk =
+        header == 0 ? Walk::kUnmapped
+                    : XorWords(reinterpret_cast<uintptr_t>(&mpPlaceableHeader), header + kCheckWordAt, value);
+    // Without a pipe to read through, the check cannot be made: it fails.
+    if (walk == Walk::kNoPipe) return -1;
+    if (walk == Walk::kUnmapped) {
       FaultOnAddress();
       return -1;
     }
