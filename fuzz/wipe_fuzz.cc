@@ -10,7 +10,7 @@
 #include "fx/fx_format.h"
 #include "fx/wipe_table.h"
 #include "input_reader.h"
-#include "late_workers.h"
+#include "tools/zrfx/late_workers.h"
 
 namespace {
 
@@ -112,7 +112,7 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
   for (uint32_t i = 0; i < bytesA; ++i) a[i] = in.U8();
   for (uint32_t i = 0; i < bytesB; ++i) b[i] = static_cast<uint8_t>(i * 13 + 5);
   const uint32_t r0 = in.U32(), r1 = in.U32();
-  const int threads = ThreadCount();
+  const int threads = zrfx::ThreadCount();
   switch (entry) {
     case Entry::kDirect:
       ZrDraw_DisplayWipe(a, pitchA, b, pitchB, out, dstPitch, code, format, width, height, r0, r1, 0, 0, 0,
@@ -127,6 +127,6 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
                              0, progressStart, progressEnd, progress);
       break;
   }
-  WaitForLateWorkers(threads);
+  zrfx::WaitForLateWorkers(threads);
   return 0;
 }

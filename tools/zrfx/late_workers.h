@@ -1,15 +1,17 @@
 // The transition driver stops waiting for its four workers after a bounded
 // time, and a worker that is still running then goes on reading the
 // sources and writing the output. A host keeps its frames alive until such
-// workers are through; so does a target, by waiting until the process has
-// no more threads than before the call.
-#ifndef ZRDRAW_FUZZ_LATE_WORKERS_H
-#define ZRDRAW_FUZZ_LATE_WORKERS_H
+// workers are through; so do zrfx and the fuzz targets, by waiting until the
+// process has no more threads than before the call.
+#ifndef ZRFX_LATE_WORKERS_H
+#define ZRFX_LATE_WORKERS_H
 
 #include <unistd.h>
 
 #include <cstdio>
 #include <cstring>
+
+namespace zrfx {
 
 // The number of threads of this process, or -1 when it cannot be read.
 inline int ThreadCount() {
@@ -30,5 +32,7 @@ inline int ThreadCount() {
 inline void WaitForLateWorkers(int before) {
   while (ThreadCount() > before) usleep(1000);
 }
+
+}  // namespace zrfx
 
 #endif
