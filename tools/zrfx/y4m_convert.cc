@@ -33,38 +33,27 @@ struct Planes {
   }
 };
 
-// 4:2:2 rows in the Cb Y Cr Y order of uyvy422 and v210: sample i of a row.
-// 10-bit samples keep their low 10 bits.
-uint32_t RowSample(const Planes<const uint8_t>& p, size_t row, uint32_t i) {
+// 4:2:2 rows in the Cb Y Cr Y order of uyvy422 and v210: the address of
+// sample i of a row. 10-bit samples keep their low 10 bits.
+template <class Byte>
+Byte* RowSampleAt(const Planes<Byte>& p, size_t row, uint32_t i) {
   const uint32_t pair = i / 4;
-  const uint8_t* at;
   switch (i % 4) {
     case 0:
-      at = p.cb + row * p.chromaRow + pair * 2;
-      break;
+      return p.cb + row * p.chromaRow + pair * 2;
     case 2:
-      at = p.cr + row * p.chromaRow + pair * 2;
-      break;
+      return p.cr + row * p.chromaRow + pair * 2;
     default:
-      at = p.y + row * p.lumaRow + (2 * pair + i % 4 / 2) * 2;
+      return p.y + row * p.lumaRow + (2 * pair + i % 4 / 2) * 2;
   }
-  return Read16(at) & 0x3FF;
+}
+
+uint32_t RowSample(const Planes<const uint8_t>& p, size_t row, uint32_t i) {
+  return Read16(RowSampleAt(p, row, i)) & 0x3FF;
 }
 
 void SetRowSample(const Planes<uint8_t>& p, size_t row, uint32_t i, uint32_t v) {
-  const uint32_t pair = i / 4;
-  uint8_t* at;
-  switch (i % 4) {
-    case 0:
-      at = p.cb + row * p.chromaRow + pair * 2;
-      break;
-    case 2:
-      at = p.cr + row * p.chromaRow + pair * 2;
-      break;
-    default:
-      at = p.y + row * p.lumaRow + (2 * pair + i % 4 / 2) * 2;
-  }
-  Write16(at, v);
+  Write16(RowSampleAt(p, row, i), v);
 }
 
 void ToUyvy(const Y4mHeader& h, const uint8_t* planar, uint8_t* packed, uint32_t pitch) {
