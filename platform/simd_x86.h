@@ -47,17 +47,24 @@ namespace zr::ZR_ISA_NS {
   static T Add16(T a, T b) { return P##add_epi16(a, b); }                                                   \
   static T Add32(T a, T b) { return P##add_epi32(a, b); }                                                   \
   static T Sub8(T a, T b) { return P##sub_epi8(a, b); }                                                     \
+  static T Sub16(T a, T b) { return P##sub_epi16(a, b); }                                                   \
+  static T Sub32(T a, T b) { return P##sub_epi32(a, b); }                                                   \
   static T AvgU8(T a, T b) { return P##avg_epu8(a, b); }                                                    \
   static T SubsU8(T a, T b) { return P##subs_epu8(a, b); }                                                  \
   static T MaxU8(T a, T b) { return P##max_epu8(a, b); }                                                    \
   static T MinU16(T a, T b) { return P##min_epu16(a, b); }                                                  \
   static T MulLo16(T a, T b) { return P##mullo_epi16(a, b); }                                               \
   static T MulHiU16(T a, T b) { return P##mulhi_epu16(a, b); }                                              \
+  static T MulHi16(T a, T b) { return P##mulhi_epi16(a, b); }                                               \
+  static T MulLo32(T a, T b) { return P##mullo_epi32(a, b); }                                               \
   static T MAddUbs(T a, T b) { return P##maddubs_epi16(a, b); }                                             \
   static T MAdd16(T a, T b) { return P##madd_epi16(a, b); }                                                 \
   static T UnpackLo8(T a, T b) { return P##unpacklo_epi8(a, b); }                                           \
   static T UnpackHi8(T a, T b) { return P##unpackhi_epi8(a, b); }                                           \
+  static T UnpackLo16(T a, T b) { return P##unpacklo_epi16(a, b); }                                         \
+  static T UnpackHi16(T a, T b) { return P##unpackhi_epi16(a, b); }                                         \
   static T PackUs16(T a, T b) { return P##packus_epi16(a, b); }                                             \
+  static T PackUs32(T a, T b) { return P##packus_epi32(a, b); }                                             \
   static T Shuffle8(T a, T b) { return P##shuffle_epi8(a, b); }                                             \
   template <int n>                                                                                          \
   static T Srli16(T a) {                                                                                    \
@@ -66,6 +73,10 @@ namespace zr::ZR_ISA_NS {
   template <int n>                                                                                          \
   static T Srli32(T a) {                                                                                    \
     return P##srli_epi32(a, n);                                                                             \
+  }                                                                                                         \
+  template <int n>                                                                                          \
+  static T Srai32(T a) {                                                                                    \
+    return P##srai_epi32(a, n);                                                                             \
   }                                                                                                         \
   template <int n>                                                                                          \
   static T Slli32(T a) {                                                                                    \

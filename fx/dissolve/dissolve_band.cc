@@ -1,11 +1,13 @@
 // The dissolve over one band: t and u once, then each row by the plain loop
-// or the widest vector form, which give the same bytes.
+// or the widest vector form, which give the same bytes. Integer samples take
+// the integer mix wherever it gives the double mix's bytes.
 #include "fx/dissolve/dissolve_band.h"
 
 #include <cstddef>
 
 #include "fx/dissolve/dissolve_convert.h"
 #include "fx/dissolve/dissolve_row.h"
+#include "fx/dissolve/mix_row.h"
 
 namespace zr::fx {
 namespace {
@@ -50,23 +52,34 @@ DissolveRowFn VectorRow(const FxFormatInfo& format) {
 
 void DissolveBand(const FxFormatInfo& format, const FxCall& c) {
   if (c.BandEmpty()) return;
-  const double t = zrfxDissolveRatio(c.progress, c.progressEnd - c.progressStart);
+  const uint32_t span = c.progressEnd - c.progressStart;
+  const double t = zrfxDissolveRatio(c.progress, span);
   const double u = 1.0 - t;
 
   const size_t bytesPerPixel = format.bytesPerPixel;
   const size_t first = c.bandLeft * bytesPerPixel;
   const size_t bytes = (c.bandRight - c.bandLeft) * bytesPerPixel;
   const size_t samples = size_t{c.bandRight - c.bandLeft} * format.samplesPerPixel;
+  const bool wide = c.bandRight - c.bandLeft >= kVectorMinPixels;
   const DissolveRowFn plain = PlainRow(format);
-  const DissolveRowFn vector = c.bandRight - c.bandLeft >= kVectorMinPixels ? VectorRow(format) : nullptr;
+  const DissolveRowFn vector = wide ? VectorRow(format) : nullptr;
+
+  const bool eight = format.BytesPerSample() == 1;
+  const std::optional<uint32_t> weight =
+      format.BytesPerSample() <= 2 ? MixWeight(c.progress, span) : std::nullopt;
+  const MixRowFn mixPlain = eight ? MixRow8_C : MixRow16_C;
+  const MixRowFn mixVector = !wide ? nullptr : eight ? PickMixRowForm().row8 : PickMixRowForm().row16;
 
   const FxPictures p(c);
   for (uint32_t y = c.bandTop; y < c.bandBottom; ++y) {
     const uint8_t* in = FxRow(p.in, y, p.inPitch) + first;
     const uint8_t* out = FxRow(p.out, y, p.outPitch) + first;
     uint8_t* row = FxRow(p.dst, y, p.dstPitch) + first;
-    const bool vectorOk = vector && !PartlyOverlaps(row, in, bytes) && !PartlyOverlaps(row, out, bytes);
-    (vectorOk ? vector : plain)(in, out, row, samples, t, u);
+    const bool vectorOk = !PartlyOverlaps(row, in, bytes) && !PartlyOverlaps(row, out, bytes);
+    if (weight)
+      (vectorOk && mixVector ? mixVector : mixPlain)(in, out, row, samples, *weight);
+    else
+      (vectorOk && vector ? vector : plain)(in, out, row, samples, t, u);
   }
 }
 

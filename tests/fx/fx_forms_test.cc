@@ -1,6 +1,6 @@
-// Every form of the dissolve rows and of the 4:2:2 and v210 adapter rows
-// against the plain rows, chosen through the processor choice, and the
-// streaming copy against the plain copy.
+// Every form of the dissolve rows, of the integer mix and of the 4:2:2 and
+// v210 adapter rows against the plain rows, chosen through the processor
+// choice, and the streaming copy against the plain copy.
 #include <gtest/gtest.h>
 
 #include <cstring>
@@ -10,6 +10,7 @@
 #include "fx/adapters/ycbcr422_rows.h"
 #include "fx/dissolve/dissolve_convert.h"
 #include "fx/dissolve/dissolve_row.h"
+#include "fx/dissolve/mix_row.h"
 #include "fx/fx_copy.h"
 #include "zrfx.h"
 
@@ -50,6 +51,24 @@ TEST(FxForms, DissolveRowsMatchPlain) {
             ASSERT_TRUE(
                 SameAsReference(seed, width * 4 * bytes, width * 4 * bytes, 4 * bytes, p % 2, effect));
           }
+        }
+  });
+}
+
+// The integer mix at the weights where its base and factor change.
+TEST(FxForms, MixRowsMatchPlain) {
+  ForEachForm(fx::MixRowForms(), [](const fx::MixRowForm& form) {
+    ASSERT_EQ(&fx::PickMixRowForm(), &form);
+    for (size_t bytes : {1, 2})
+      for (uint32_t width : FormWidths())
+        for (uint32_t weight : {0u, 1u, 12345u, 32767u, 32768u, 32769u, 65535u, 65536u}) {
+          const auto row = [&](bool ref, const uint8_t* in, const uint8_t* out, uint8_t* dst) {
+            (ref          ? (bytes == 1 ? fx::MixRow8_C : fx::MixRow16_C)
+             : bytes == 1 ? form.row8
+                          : form.row16)(in, out, dst, width, weight);
+          };
+          ASSERT_TRUE(SameAsReference((bytes << 40) + (uint64_t{weight} << 16) + width, width * bytes,
+                                      width * bytes, bytes, weight % 2, row));
         }
   });
 }
