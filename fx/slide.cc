@@ -9,6 +9,7 @@
 #include "fx/fx_call.h"
 #include "fx/fx_copy.h"
 #include "fx/fx_format.h"
+#include "platform/row_copy.h"
 #include "zrfx.h"
 
 namespace zr::fx {
@@ -19,7 +20,7 @@ struct SlideFrame {
   const FxCall& c;
   uint32_t bpp;
   uint32_t rowBytes;
-  CopyFn copy;
+  platform::RowCopyFn copy;
 
   uint32_t Rows(uint32_t n) const { return n * rowBytes; }
   // The clamped lengths, the only clamp of the effects.
@@ -100,10 +101,10 @@ uint32_t Slide(const FxCall& c) {
   // A frame one pixel wide or high has more than one band at column 0 and
   // row 0, and their workers all run the slide at once.
   const uint32_t rowBytes = c.width * bpp;
-  const CopyFn copy =
-      c.width <= 1 || c.height <= 1 ? CopySharedBytes : CopyFor(uint64_t{rowBytes} * c.height);
+  const platform::RowCopyFn copy =
+      c.width <= 1 || c.height <= 1 ? CopySharedBytes : platform::RowCopyFor(uint64_t{rowBytes} * c.height);
   kSlideMoves[move](SlideFrame{c, bpp, rowBytes, copy});
-  FinishCopies(copy);
+  platform::FinishRowCopies(copy);
   return 0;
 }
 

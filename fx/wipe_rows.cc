@@ -32,7 +32,7 @@ WipeColumns WipeColumns::DistanceAtMost(uint32_t width, uint32_t length) {
 }
 
 void CopyWipeRow(const FxPictures& p, uint32_t y, uint32_t bpp, uint32_t left, uint32_t right,
-                 const WipeColumns& incoming, CopyFn copy) {
+                 const WipeColumns& incoming, platform::RowCopyFn copy) {
   if (left >= right) return;
   uint8_t* const dst = FxRow(p.dst, y, p.dstPitch);
   const uint8_t* const in = FxRow(p.in, y, p.inPitch);

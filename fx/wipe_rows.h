@@ -10,6 +10,7 @@
 
 #include "fx/fx_call.h"
 #include "fx/fx_copy.h"
+#include "platform/row_copy.h"
 
 namespace zr::fx {
 
@@ -58,16 +59,16 @@ class WipeColumns {
 // Row y of dst over columns [left, right): `incoming` in its columns,
 // `outgoing` elsewhere, bpp bytes a pixel, each run one call of `copy`.
 void CopyWipeRow(const FxPictures& p, uint32_t y, uint32_t bpp, uint32_t left, uint32_t right,
-                 const WipeColumns& incoming, CopyFn copy);
+                 const WipeColumns& incoming, platform::RowCopyFn copy);
 
 // Every row of the band; columnsOf(y) gives the row's incoming columns.
 template <class ColumnsOf>
 void RunWipeRows(const FxCall& c, uint32_t bpp, ColumnsOf columnsOf) {
   const FxPictures p(c);
-  const CopyFn copy = CopyFor(uint64_t{c.width} * c.height * bpp);
+  const platform::RowCopyFn copy = platform::RowCopyFor(uint64_t{c.width} * c.height * bpp);
   for (uint32_t y = c.bandTop; y < c.bandBottom; ++y)
     CopyWipeRow(p, y, bpp, c.bandLeft, c.bandRight, columnsOf(y), copy);
-  FinishCopies(copy);
+  platform::FinishRowCopies(copy);
 }
 
 }  // namespace zr::fx

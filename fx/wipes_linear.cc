@@ -4,6 +4,7 @@
 #include "fx/fx_copy.h"
 #include "fx/fx_format.h"
 #include "fx/wipe_rows.h"
+#include "platform/row_copy.h"
 #include "zrfx.h"
 
 namespace zr::fx {
@@ -27,7 +28,8 @@ uint32_t Vertical(const FxCall& c) {
   const uint32_t scaledH = c.Scaled(c.height);
   // At width 0 or 1 the driver's right bands start at column 0 too, and
   // their workers copy the same rows at the same time.
-  const CopyFn copy = c.width <= 1 ? CopySharedBytes : CopyFor(uint64_t{c.height} * c.pitchB);
+  const platform::RowCopyFn copy =
+      c.width <= 1 ? CopySharedBytes : platform::RowCopyFor(uint64_t{c.height} * c.pitchB);
   const FxPictures p(c);
   for (uint32_t y = c.bandTop; y < c.bandBottom; ++y) {
     if (y < scaledH)
@@ -35,7 +37,7 @@ uint32_t Vertical(const FxCall& c) {
     else
       copy(FxRow(p.dst, y, p.dstPitch), FxRow(p.out, y, p.outPitch), c.pitchB, p.outPitch);
   }
-  FinishCopies(copy);
+  platform::FinishRowCopies(copy);
   return 0;
 }
 

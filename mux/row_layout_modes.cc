@@ -1,8 +1,10 @@
 // Layout modes that step rows by pitch and mostly move whole rows: interleave,
 // over-under, split and mirror. A whole row is pitch bytes, the spare bytes
-// at its end included.
+// at its end included. The copies of a call go out as one row batch, so a
+// frame larger than the cache is written with streaming stores.
 #include "mux/mux_modes.h"
 #include "mux/pixel_runs.h"
+#include "platform/row_copy.h"
 #include "platform/zrutil.h"
 #include "zrmux.h"
 
@@ -11,8 +13,13 @@ namespace {
 
 constexpr uint32_t kDividerWord = 0x80808080;
 
-void CopyRow(const MuxCall& c, uint8_t* from, uint32_t fromRow, uint32_t toRow) {
-  CopyMemoryFast(MuxRow(c.out, toRow, c.pitch), MuxRow(from, fromRow, c.pitch), c.pitch);
+using platform::RowBatch;
+
+// The output frame's bytes: what a batch of the call's copies writes.
+uint64_t FrameBytes(const MuxCall& c) { return uint64_t{c.pitch} * c.height; }
+
+void CopyRow(const RowBatch& batch, const MuxCall& c, uint8_t* from, uint32_t fromRow, uint32_t toRow) {
+  batch.Copy(MuxRow(c.out, toRow, c.pitch), MuxRow(from, fromRow, c.pitch), c.pitch);
 }
 
 }  // namespace
@@ -22,10 +29,11 @@ void CopyRow(const MuxCall& c, uint8_t* from, uint32_t fromRow, uint32_t toRow) 
 // even columns of A, odd columns of B; an odd width leaves the last column.
 void MuxInterleave(const MuxCall& c) {
   if (!c.Has(MUXF_ALT_AXIS)) {
+    const RowBatch batch(FrameBytes(c));
     for (uint64_t r = 0; r < c.height; r += 2) {
       const auto y = static_cast<uint32_t>(r);
-      CopyRow(c, c.a, y, y);
-      CopyRow(c, c.b, y + 1, y + 1);
+      CopyRow(batch, c, c.a, y, y);
+      CopyRow(batch, c, c.b, y + 1, y + 1);
     }
     return;
   }
@@ -41,9 +49,10 @@ void MuxInterleave(const MuxCall& c) {
 void MuxOverUnder(const MuxCall& c) {
   if (c.height < 2) return;
   const uint32_t half = c.height / 2;
+  const RowBatch batch(FrameBytes(c));
   for (uint32_t i = 0; i < half; ++i) {
-    CopyRow(c, c.a, 2 * i, i);
-    CopyRow(c, c.b, 2 * i, half + i);
+    CopyRow(batch, c, c.a, 2 * i, i);
+    CopyRow(batch, c, c.b, 2 * i, half + i);
   }
 }
 
@@ -53,13 +62,15 @@ void MuxOverUnder(const MuxCall& c) {
 // row t, and is never drawn when t equals height.
 void MuxSplit(const MuxCall& c) {
   const bool divider = c.Has(MUXF_DIVIDER);
+  const RowBatch batch(FrameBytes(c));
   if (!c.Has(MUXF_ALT_AXIS)) {
     const uint32_t s = c.splitX <= c.width ? c.splitX : c.width / 2;
     for (uint64_t r = 0; r < c.height; ++r) {
       const auto y = static_cast<uint32_t>(r);
       uint8_t* out = MuxRow(c.out, y, c.pitch);
-      CopyMemoryFast(out, MuxRow(c.a, y, c.pitch), size_t{s} * 4);
-      CopyMemoryFast(out + size_t{s} * 4, MuxRow(c.b, y, c.pitch) + size_t{s} * 4, size_t{c.width - s} * 4);
+      batch.Copy(out, MuxRow(c.a, y, c.pitch), size_t{s} * 4, c.pitch);
+      batch.Copy(out + size_t{s} * 4, MuxRow(c.b, y, c.pitch) + size_t{s} * 4, size_t{c.width - s} * 4,
+                 c.pitch);
       if (divider) StorePixel(out + size_t{s} * 4, kDividerWord);
     }
     return;
@@ -68,11 +79,11 @@ void MuxSplit(const MuxCall& c) {
   for (uint64_t r = 0; r < c.height; ++r) {
     const auto y = static_cast<uint32_t>(r);
     if (y < t)
-      CopyRow(c, c.a, y, y);
+      CopyRow(batch, c, c.a, y, y);
     else if (y == t && divider)
       SetMemoryFast(MuxRow(c.out, y, c.pitch), kDividerWord, c.pitch);
     else
-      CopyRow(c, c.b, y, y);
+      CopyRow(batch, c, c.b, y, y);
   }
 }
 
@@ -81,13 +92,14 @@ void MuxSplit(const MuxCall& c) {
 // even width B's column 0 is never shown. Across rows, row r >= height / 2
 // shows B's row 2 * (height / 2) - r.
 void MuxMirror(const MuxCall& c) {
+  const RowBatch batch(FrameBytes(c));
   if (!c.Has(MUXF_ALT_AXIS)) {
     const uint32_t half = c.width / 2;
     const uint32_t even = c.width & ~1u;
     for (uint64_t r = 0; r < c.height; ++r) {
       const auto y = static_cast<uint32_t>(r);
       uint8_t* out = MuxRow(c.out, y, c.pitch);
-      CopyMemoryFast(out, MuxRow(c.a, y, c.pitch), size_t{half} * 4);
+      batch.Copy(out, MuxRow(c.a, y, c.pitch), size_t{half} * 4, c.pitch);
       ReversePixels(MuxRow(c.b, y, c.pitch) + size_t{even - half} * 4, out + size_t{half} * 4,
                     c.width - half);
     }
@@ -97,9 +109,9 @@ void MuxMirror(const MuxCall& c) {
   for (uint64_t r = 0; r < c.height; ++r) {
     const auto y = static_cast<uint32_t>(r);
     if (y < half)
-      CopyRow(c, c.a, y, y);
+      CopyRow(batch, c, c.a, y, y);
     else
-      CopyRow(c, c.b, 2 * half - y, y);
+      CopyRow(batch, c, c.b, 2 * half - y, y);
   }
 }
 

@@ -5,6 +5,7 @@
 
 #include "mux/mux_modes.h"
 #include "mux/pixel_runs.h"
+#include "platform/row_copy.h"
 #include "platform/zrutil.h"
 #include "zrmux.h"
 
@@ -86,6 +87,7 @@ void MuxCropPair(const MuxCall& c) {
     }
     const uint32_t half = c.width / 2;
     const uint32_t s = std::min(half, c.splitX);
+    const platform::RowBatch batch(all * 4);
     for (uint64_t r = 0; r < c.height; ++r) {
       const uint32_t row = static_cast<uint32_t>(r) * c.width;
       if (cleared) {
@@ -95,8 +97,8 @@ void MuxCropPair(const MuxCall& c) {
         }
         continue;
       }
-      CopyMemoryFast(MuxPixel(c.out, row), MuxPixel(c.a, row + s), size_t{half} * 4);
-      CopyMemoryFast(MuxPixel(c.out, row + half), MuxPixel(c.b, row + s), size_t{half} * 4);
+      batch.Copy(MuxPixel(c.out, row), MuxPixel(c.a, row + s), size_t{half} * 4, size_t{c.width} * 4);
+      batch.Copy(MuxPixel(c.out, row + half), MuxPixel(c.b, row + s), size_t{half} * 4, size_t{c.width} * 4);
       if (c.width % 2) StorePixel(MuxPixel(c.out, row + c.width - 1), 0);
     }
     return;
@@ -119,8 +121,9 @@ void MuxCropPair(const MuxCall& c) {
   }
   Clear(c, picture, lower);
   Clear(c, lower + picture, all);
-  CopyMemoryFast(MuxPixel(c.out, 0), MuxPixel(c.a, s), picture * 4);
-  CopyMemoryFast(MuxPixel(c.out, lower), MuxPixel(c.b, s), picture * 4);
+  const platform::RowBatch batch(all * 4);
+  batch.Copy(MuxPixel(c.out, 0), MuxPixel(c.a, s), picture * 4);
+  batch.Copy(MuxPixel(c.out, lower), MuxPixel(c.b, s), picture * 4);
 }
 
 }  // namespace zr::mux

@@ -1,6 +1,6 @@
 // Every form of the dissolve rows, of the integer mix and of the 4:2:2 and
 // v210 adapter rows against the plain rows, chosen through the processor
-// choice, and the streaming copy against the plain copy.
+// choice.
 #include <gtest/gtest.h>
 
 #include <cstring>
@@ -11,7 +11,6 @@
 #include "fx/dissolve/dissolve_convert.h"
 #include "fx/dissolve/dissolve_row.h"
 #include "fx/dissolve/mix_row.h"
-#include "fx/fx_copy.h"
 #include "zrfx.h"
 
 namespace zr::test {
@@ -98,27 +97,6 @@ TEST(FxForms, AdapterRowsMatchPlain) {
         4);
   check(fx::V210RowForms, fx::PickV210Rows, {0, fx::ExpandV210Row_C, fx::PackV210Row_C}, 6, 16);
 }
-
-#if defined(__x86_64__)
-TEST(FxForms, StreamingCopyMatchesThePlainCopy) {
-  for (uint32_t w : FormWidths()) {
-    const size_t n = w * 9 + 200;  // the streaming loop starts at 256 bytes
-    const auto run = [&](bool ref, const uint8_t* src, const uint8_t*, uint8_t* dst) {
-      (ref ? fx::CopyBytes : fx::CopyBytesStreaming_sse41)(dst, src, n, n + 5);
-      fx::FinishCopies(fx::CopyBytesStreaming_sse41);
-    };
-    ASSERT_TRUE(SameAsReference(w, n, n, 1, w % 2, run));
-  }
-  for (ptrdiff_t shift : {-300, -17, -1, 0, 1, 16, 300}) {  // overlapping ranges copy as memmove
-    std::vector<uint8_t> got(2000), want(2000);
-    Rng(7).Fill(got.data(), got.size());
-    want = got;
-    std::memmove(&want[600 + shift], &want[600], 1000);
-    fx::CopyBytesStreaming_sse41(&got[600 + shift], &got[600], 1000, 2000);
-    EXPECT_EQ(got, want) << "shift " << shift;
-  }
-}
-#endif
 
 }  // namespace
 }  // namespace zr::test

@@ -1,5 +1,5 @@
 // The platform layer's memory: allocator hooks and reuse, ErrOut capture,
-// the word fill and copy, the frame flips, and the application directory.
+// the word fill and copy, the streaming row copy, the frame flips, and the application directory.
 #include <gtest/gtest.h>
 
 #include <cstring>
@@ -7,9 +7,11 @@
 #include <string>
 #include <vector>
 
+#include "common/form_check.h"
 #include "common/guarded_buffer.h"
 #include "common/test_random.h"
 #include "platform/pixform.h"
+#include "platform/row_copy.h"
 #include "platform/testhooks.h"
 #include "platform/zrutil.h"
 
@@ -64,6 +66,29 @@ TEST(Platform, FillAndCopy) {
   CopyMemoryFast(src.data() + 20, src.data() + 10, 500);  // overlapping
   EXPECT_EQ(0, std::memcmp(src.data() + 20, expect.data(), 500));
 }
+
+#if defined(__x86_64__)
+// The streaming row copy gives the plain copy's bytes at every length and
+// alignment, and copies overlapping ranges as memmove does.
+TEST(Platform, StreamingRowCopyMatchesThePlainCopy) {
+  for (uint32_t w : zr::test::FormWidths()) {
+    const size_t n = w * 9 + 200;  // the streaming loop starts at 256 bytes
+    const auto run = [&](bool ref, const uint8_t* src, const uint8_t*, uint8_t* dst) {
+      (ref ? zr::platform::CopyRowBytes : zr::platform::CopyRowBytesStreaming_sse41)(dst, src, n, n + 5);
+      zr::platform::FinishRowCopies(zr::platform::CopyRowBytesStreaming_sse41);
+    };
+    ASSERT_TRUE(zr::test::SameAsReference(w, n, n, 1, w % 2, run));
+  }
+  for (ptrdiff_t shift : {-300, -17, -1, 0, 1, 16, 300}) {  // overlapping ranges copy as memmove
+    std::vector<uint8_t> got(2000), want(2000);
+    zr::test::Rng(7).Fill(got.data(), got.size());
+    want = got;
+    std::memmove(&want[600 + shift], &want[600], 1000);
+    zr::platform::CopyRowBytesStreaming_sse41(&got[600 + shift], &got[600], 1000, 2000);
+    EXPECT_EQ(got, want) << "shift " << shift;
+  }
+}
+#endif
 
 // Flips of frames with row padding, which belongs to nobody and stays as it was.
 TEST(Platform, Flips) {

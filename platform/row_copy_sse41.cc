@@ -1,16 +1,17 @@
-// Streaming copy for large output frames (SSE build).
+// The streaming row copy (SSE build).
 #include <smmintrin.h>
 
 #include <cstring>
 
-#include "fx/fx_copy.h"
+#include "platform/row_copy.h"
 
-namespace zr::fx {
+namespace zr::platform {
 
-void CopyBytesStreaming_sse41(uint8_t* target, const uint8_t* source, size_t bytes, size_t nextRow) {
+void CopyRowBytesStreaming_sse41(uint8_t* target, const uint8_t* source, size_t bytes, size_t nextRow) {
   constexpr size_t kMinimum = 256;
   const uintptr_t t = reinterpret_cast<uintptr_t>(target), s = reinterpret_cast<uintptr_t>(source);
-  if (bytes < kMinimum || (t < s + bytes && s < t + bytes)) return CopyBytes(target, source, bytes, nextRow);
+  if (bytes < kMinimum || (t < s + bytes && s < t + bytes))
+    return CopyRowBytes(target, source, bytes, nextRow);
   // Head up to the first 16-byte boundary of the target, then aligned
   // streaming stores, then the tail. The prefetch address is formed as an
   // integer: past the last row it points outside the picture, which a
@@ -37,4 +38,4 @@ void CopyBytesStreaming_sse41(uint8_t* target, const uint8_t* source, size_t byt
 
 void StreamingFence_sse41() { _mm_sfence(); }
 
-}  // namespace zr::fx
+}  // namespace zr::platform
