@@ -72,13 +72,14 @@ StreamFormat Format(const char* pix, benchmark::State& state) {
                          {static_cast<uint32_t>(state.range(0)), static_cast<uint32_t>(state.range(1))});
 }
 
-// One frame of a transition at its middle, as `zrfx transition --raw` makes it.
+// One frame of a transition at its middle, on the progress scale of
+// `zrfx transition --raw`.
 void BM_TransitionLoop(benchmark::State& state, const char* pix, uint32_t code) {
   const StreamFormat f = Format(pix, state);
   MemoryReader a(f.FrameBytes(), 0, &state), b(f.FrameBytes(), 1, nullptr);
   MemoryWriter out(f.FrameBytes());
   RunPairLoop(a, b, out, {f.FrameBytes(), f.pitch}, [&](uint8_t* fa, uint8_t* fb, uint8_t* fo, uint64_t) {
-    WipeFrames(f, fa, fb, fo, code, 100, 50);
+    WipeFrames(f, fa, fb, fo, code, 65536, 32768);
   });
   Report(state, f.FrameBytes());
 }
@@ -104,7 +105,7 @@ void BM_TransitionCall(benchmark::State& state, const char* pix, uint32_t code) 
   const StreamFormat f = Format(pix, state);
   FrameBuffer a(f.FrameBytes(), f.pitch), b(f.FrameBytes(), f.pitch), out(f.FrameBytes(), f.pitch);
   for (auto _ : state) {
-    WipeFrames(f, a.data(), b.data(), out.data(), code, 100, 50);
+    WipeFrames(f, a.data(), b.data(), out.data(), code, 65536, 32768);
     benchmark::ClobberMemory();
   }
   Report(state, f.FrameBytes());

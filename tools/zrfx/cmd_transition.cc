@@ -29,12 +29,14 @@ constexpr const char* kHelp =
     "       zrfx transition --code N --frames F [options] A.y4m B.y4m -o OUT.y4m|-\n"
     "\n"
     "The whole transition from A to B in F frames. Frame k (from 0) is one call\n"
-    "of ZrDraw_DisplayWipe with progress k * S / (F-1) on a scale from 0 to S,\n"
-    "as a host plays a transition: frame 0 shows A, frame F-1 shows B.\n"
+    "of ZrDraw_DisplayWipe with progress k * S / (F-1), rounded down, on a\n"
+    "scale from 0 to S, as a host plays a transition: frame 0 shows A, frame\n"
+    "F-1 shows B.\n"
     "\n"
     "  --code N      wipe number, 0 to 2147483647 (see zrfx wipe --help)\n"
     "  --frames F    number of frames, at least 2\n"
-    "  --span S      the end of the progress scale (default F-1)\n"
+    "  --span S      the end of the progress scale (default 65536, the mux's\n"
+    "                scale, on which the library mixes dissolves in integers)\n"
     "  --reverse     set bit 31 of the wipe code: A and B exchange roles\n"
     "  --layout L    PNG mode: rgba (default), ycbcr or v210, as in zrfx wipe\n"
     "  -o PATTERN    PNG mode: file names with one %d, %4d or %03d for k\n"
@@ -53,6 +55,10 @@ constexpr const char* kHelpTail =
     "                .y4m), progressive C422, C422p10, C444 or C444p10, of one\n"
     "                size; the output has A's header. 4:2:2 is wiped as uyvy422\n"
     "                or v210, 4:4:4 as Y Cb Cr samples side by side.\n";
+
+// The default progress scale: a power of two, where the library's dissolve
+// mixes in integers, and fine enough for any frame count.
+constexpr uint32_t kDefaultSpan = 65536;
 
 // Progress of frame k of `frames` on a scale from 0 to `span`.
 uint32_t FrameProgress(uint64_t k, uint32_t frames, uint32_t span) {
@@ -95,7 +101,7 @@ int TransitionCommand(int argc, char** argv, int first) {
   const uint32_t code = WipeCodeOption(args);
   const uint32_t frames = ParseU32(args.Required("frames"), "frame count");
   if (frames < 2) throw UsageError("a transition needs at least 2 frames");
-  const uint32_t span = args.Has("span") ? ParseU32(*args.Value("span"), "span") : frames - 1;
+  const uint32_t span = args.Has("span") ? ParseU32(*args.Value("span"), "span") : kDefaultSpan;
   if (span == 0) throw UsageError("span must be at least 1");
   args.ExpectPositional(2, "two inputs A and B");
   if (WantsStreams(args))
