@@ -120,7 +120,7 @@ TEST_F(Streams, EachSubcommandOnEachLayout) {
 }
 
 // Frame k of a transition is the wipe at progress k * S / (F-1) on the scale
-// S, in streams and in PNG mode with --layout; the first frame is A, the last
+// S (65536 unless given), in streams and in PNG mode with --layout; the first frame is A, the last
 // B (v210 keeps 8 bits of each sample through the adapter), and a y4m output
 // repeats A's header.
 TEST_F(Streams, TransitionEndsAndSpan) {
@@ -134,6 +134,11 @@ TEST_F(Streams, TransitionEndsAndSpan) {
   EXPECT_EQ(t.substr(uyvy, uyvy),
             Run("wipe --code 1 --progress 2 --span 8 --raw 24x10 --pix uyvy422 @a.uyvy422 @b.uyvy422 -o @o")
                 .substr(uyvy));
+  // Without --span the scale is 0 to 65536: frame 1 of 4 plays 21845.
+  const size_t rgba = size_t{kWidth} * kHeight * 4;
+  EXPECT_EQ(
+      Run("transition --code 0 --frames 4 --raw 24x10 @a.rgba @b.rgba -o @o").substr(rgba, rgba),
+      Run("wipe --code 0 --progress 21845 --span 65536 --raw 24x10 @a.rgba @b.rgba -o @o").substr(rgba));
 
   // v210: each 10-bit sample of B's last frame with its low 2 bits cleared,
   // bits 30-31 and the row padding past the 4 groups of 24 pixels as 0.
