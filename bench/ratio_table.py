@@ -35,7 +35,7 @@ RULES = [
      [("r2w1", "BM_FxReadTwoWriteOne/fmt{f}/{s}/real_time"), ("memcpy", "BM_FxMemcpy/fmt{f}/{s}/real_time")]),
     (r"^BM_Dissolve(FrontDoor|OneBand)/(?P<k>format:\d+/width:\d+/height:\d+)/",
      [("r2w1", "BM_DissolveReadTwoWriteOne/{k}"), ("memcpy", "BM_DissolveMemcpy/{k}")]),
-    (r"^BM_Adapter(FrontDoor|OneBand|Scratch)/" + ADAPTER,
+    (r"^BM_Adapter(FrontDoor|OneBand)/" + ADAPTER,
      [("r2w1", "BM_AdapterReadTwoWriteOne/{k}"), ("memcpy", "BM_AdapterMemcpy/{k}/copy:0")]),
     (r"^BM_AdapterExpand/" + ADAPTER, [("memcpy", "BM_AdapterMemcpy/{k}/copy:1")]),
     (r"^BM_AdapterPack/" + ADAPTER, [("memcpy", "BM_AdapterMemcpy/{k}/copy:2")]),
