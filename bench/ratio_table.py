@@ -27,12 +27,14 @@ def line_bytes(m):
 # the first pattern that matches names the baselines.
 ADAPTER = r"(?P<k>v210:\d/width:\d+/height:\d+)"
 RULES = [
-    (r"^BM_(Mux|MuxForm|MuxGrid|MuxCrossfadeWithGrid|WeighPlane|WeighPlaneForm|Peer)/.*?(?P<w>\d+)x(?P<h>\d+)",
+    (r"^BM_(Mux|MuxForm|MuxGrid|MuxCrossfadeWithGrid|WeighPlane|WeighPlaneForm|Peer)/"
+     r".*?(?P<w>\d+)x(?P<h>\d+)",
      [("r2w1", "BM_ReadTwoWriteOne/{w}/{h}"), ("memcpy", "BM_Memcpy/{w}/{h}")]),
     (r"^BM_(SetMemoryFast|EraseCanvas|FillRect|FillRectRows)/(?P<w>\d+)/(?P<h>\d+)$",
      [("memset", "BM_Memset/{w}/{h}")]),
     (r"^BM_Wipe/.*/fmt(?P<f>\d+)/(?P<s>\d+x\d+)/",
-     [("r2w1", "BM_FxReadTwoWriteOne/fmt{f}/{s}/real_time"), ("memcpy", "BM_FxMemcpy/fmt{f}/{s}/real_time")]),
+     [("r2w1", "BM_FxReadTwoWriteOne/fmt{f}/{s}/real_time"),
+      ("memcpy", "BM_FxMemcpy/fmt{f}/{s}/real_time")]),
     (r"^BM_Dissolve(FrontDoor|OneBand)/(?P<k>format:\d+/width:\d+/height:\d+)/",
      [("r2w1", "BM_DissolveReadTwoWriteOne/{k}"), ("memcpy", "BM_DissolveMemcpy/{k}")]),
     (r"^BM_Adapter(FrontDoor|OneBand)/" + ADAPTER,
@@ -52,7 +54,8 @@ def baselines(name):
     for pattern, bases in RULES:
         m = re.match(pattern, name)
         if m:
-            return [(label, base(m) if callable(base) else base.format(**m.groupdict())) for label, base in bases]
+            return [(label, base(m) if callable(base) else base.format(**m.groupdict()))
+                    for label, base in bases]
     return []
 
 
@@ -71,7 +74,8 @@ def heap(counter):
 
 
 def main():
-    parser = argparse.ArgumentParser(description=__doc__, formatter_class=argparse.RawDescriptionHelpFormatter)
+    parser = argparse.ArgumentParser(description=__doc__,
+                                     formatter_class=argparse.RawDescriptionHelpFormatter)
     parser.add_argument("binary", nargs="?", default="build/release/bench/zrdraw_bench")
     parser.add_argument("--json", help="read this JSON output instead of running the binary")
     argv = sys.argv[1:]
@@ -83,7 +87,8 @@ def main():
     else:
         report = run(args.binary, extra)
 
-    runs = [b for b in report["benchmarks"] if b.get("run_type") != "aggregate" and not b.get("error_occurred")]
+    runs = [b for b in report["benchmarks"]
+            if b.get("run_type") != "aggregate" and not b.get("error_occurred")]
     times = {b["name"]: b["real_time"] * NS_PER_UNIT[b["time_unit"]] for b in runs}
     print("| Benchmark | us | ratio | to | ratio | to | heap peak |")
     print("|---|---:|---:|---|---:|---|---:|")
@@ -92,10 +97,12 @@ def main():
         for label, base in baselines(b["name"]):
             cells += ["%.2f" % (times[b["name"]] / times[base]), label] if base in times else ["", ""]
         cells += [""] * (4 - len(cells))
-        print("| %s | %.1f | %s | %s |" % (b["name"], times[b["name"]] / 1e3, " | ".join(cells), heap(b.get("heap_peak"))))
+        print("| %s | %.1f | %s | %s |"
+              % (b["name"], times[b["name"]] / 1e3, " | ".join(cells), heap(b.get("heap_peak"))))
     ctx = report.get("context", {})
-    print("\n%s, %s CPUs at %s MHz, load average %s" % (ctx.get("date", ""), ctx.get("num_cpus", "?"),
-                                                       ctx.get("mhz_per_cpu", "?"), ctx.get("load_avg", "?")))
+    load = " ".join("%.2f" % x for x in ctx.get("load_avg", []))
+    print("\n%s, %s CPUs at %s MHz, load average %s"
+          % (ctx.get("date", ""), ctx.get("num_cpus", "?"), ctx.get("mhz_per_cpu", "?"), load))
 
 
 if __name__ == "__main__":
