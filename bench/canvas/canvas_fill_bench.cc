@@ -31,32 +31,20 @@ ZrDraw* Canvas(const benchmark::State& state) {
 
 void BM_SetMemoryFast(benchmark::State& state) {
   const size_t n = FrameBytes(state);
-  auto& frame = Frame(n, 1);
-  for (auto _ : state) {
-    SetMemoryFast(frame.data(), kColour, n);
-    benchmark::ClobberMemory();
-  }
-  state.SetBytesProcessed(static_cast<int64_t>(state.iterations()) * static_cast<int64_t>(n));
+  uint8_t* frame = Frame(n, 1).data();
+  TimeFrames(state, n, [&] { SetMemoryFast(frame, kColour, n); });
 }
 
 void BM_EraseCanvas(benchmark::State& state) {
   ZrDraw* canvas = Canvas(state);
-  for (auto _ : state) {
-    canvas->EraseCanvas(false);
-    benchmark::ClobberMemory();
-  }
-  state.SetBytesProcessed(static_cast<int64_t>(state.iterations()) * static_cast<int64_t>(FrameBytes(state)));
+  TimeFrames(state, FrameBytes(state), [&] { canvas->EraseCanvas(false); });
   qtReleaseDraw(canvas);
 }
 
 void BM_FillRect(benchmark::State& state) {
   ZrDraw* canvas = Canvas(state);
   const RECT whole{0, 0, static_cast<int32_t>(state.range(0)), static_cast<int32_t>(state.range(1))};
-  for (auto _ : state) {
-    canvas->FillRect(&whole);
-    benchmark::ClobberMemory();
-  }
-  state.SetBytesProcessed(static_cast<int64_t>(state.iterations()) * static_cast<int64_t>(FrameBytes(state)));
+  TimeFrames(state, FrameBytes(state), [&] { canvas->FillRect(&whole); });
   qtReleaseDraw(canvas);
 }
 
@@ -64,17 +52,16 @@ void BM_FillRect(benchmark::State& state) {
 void BM_FillRectRows(benchmark::State& state) {
   ZrDraw* canvas = Canvas(state);
   const RECT inset{1, 1, static_cast<int32_t>(state.range(0)) - 1, static_cast<int32_t>(state.range(1)) - 1};
-  for (auto _ : state) {
-    canvas->FillRect(&inset);
-    benchmark::ClobberMemory();
-  }
-  const int64_t bytes = int64_t{inset.right - inset.left} * (inset.bottom - inset.top) * 4;
-  state.SetBytesProcessed(static_cast<int64_t>(state.iterations()) * bytes);
+  const size_t bytes = size_t(inset.right - inset.left) * size_t(inset.bottom - inset.top) * 4;
+  TimeFrames(state, bytes, [&] { canvas->FillRect(&inset); });
   qtReleaseDraw(canvas);
 }
 
-#define ZR_CANVAS_FRAMES \
-  Args({kSmall.width, kSmall.height})->Args({kHD.width, kHD.height})->Args({kUHD.width, kUHD.height})
+#define ZR_CANVAS_FRAMES                \
+  Args({kSmall.width, kSmall.height})   \
+      ->Args({kHD.width, kHD.height})   \
+      ->Args({kUHD.width, kUHD.height}) \
+      ->Args({kUHD8K.width, kUHD8K.height})
 BENCHMARK(BM_SetMemoryFast)->ZR_CANVAS_FRAMES;
 BENCHMARK(BM_EraseCanvas)->ZR_CANVAS_FRAMES;
 BENCHMARK(BM_FillRect)->ZR_CANVAS_FRAMES;

@@ -1,6 +1,6 @@
 // Every mux mode and the grid overlay, and weigh_plane on a frame's bytes,
-// at 1920x1080 and 3840x2160 RGBA and at a cache-resident 256x128, on the
-// calling thread. Read each figure beside BM_ReadTwoWriteOne (pixel modes,
+// at 1920x1080, 3840x2160 and 7680x4320 RGBA and at a cache-resident
+// 256x128, on the calling thread. Read each figure beside BM_ReadTwoWriteOne (pixel modes,
 // weigh_plane) or BM_Memcpy (modes that move whole rows) of the same size,
 // measured in the same run. MUX_WIPE runs on the transition's own threads,
 // so only its wall time means anything.
@@ -72,12 +72,10 @@ void Mux(benchmark::State& state, MuxCase c, FrameSize s, uint32_t gridMode, int
   // pick its variant; until then it runs the lowest.
   if ((c.muxFlags & MUX_MODE_MASK) == MUX_SIDE_BY_SIDE) ippInit();
 #endif
-  for (auto _ : state) {
+  TimeFrames(state, n, [&] {
     ZrDraw_DisplayMuxRGBA(a, static_cast<uint32_t>(n), b, static_cast<uint32_t>(n), out, 0, c.muxFlags, 1,
                           c.mixPosition, c.mixLevel, w / 3, h / 3, gridMode, 10, 0, w, h, w * 4);
-    benchmark::ClobberMemory();
-  }
-  state.SetBytesProcessed(int64_t(state.iterations()) * n);
+  });
 }
 
 // The overlay alone: a copy of no bytes, then a grid of tenths.
@@ -85,12 +83,10 @@ void Grid(benchmark::State& state, FrameSize s) {
   const size_t n = RgbaBytes(s);
   auto* a = reinterpret_cast<uint32_t*>(Frame(n, 0).data());
   auto* out = reinterpret_cast<uint32_t*>(Frame(n, 1).data());
-  for (auto _ : state) {
+  TimeFrames(state, n, [&] {
     ZrDraw_DisplayMuxRGBA(a, 0, a, 0, out, 0, MUX_DEFAULT, 0, 0, 0, 0, 0, 1, 10, 0, s.width, s.height,
                           s.width * 4);
-    benchmark::ClobberMemory();
-  }
-  state.SetBytesProcessed(int64_t(state.iterations()) * n);
+  });
 }
 
 // weigh_plane over the frame's bytes as one plane, in place.
@@ -100,11 +96,7 @@ void WeighPlane(benchmark::State& state, FrameSize s, int64_t isa) {
   uint8_t* src = Frame(n, 0).data();
   uint8_t* dst = Frame(n, 1).data();
   const int32_t row = s.width * 4;
-  for (auto _ : state) {
-    weigh_plane(dst, src, row, row, row, s.height, 40000, 25536);
-    benchmark::ClobberMemory();
-  }
-  state.SetBytesProcessed(int64_t(state.iterations()) * n);
+  TimeFrames(state, n, [&] { weigh_plane(dst, src, row, row, row, s.height, 40000, 25536); });
 }
 
 std::string SizeName(FrameSize s) { return std::to_string(s.width) + "x" + std::to_string(s.height); }
@@ -114,7 +106,7 @@ std::string IsaName(int64_t isa) { return cpu::IsaName(static_cast<uint32_t>(isa
 // Every mode with the widest forms; the crossfade and weigh_plane with each
 // instruction set's form too.
 const bool kRegistered = [] {
-  for (FrameSize s : {kSmall, kHD, kUHD}) {
+  for (FrameSize s : {kSmall, kHD, kUHD, kUHD8K}) {
     for (const MuxCase& c : kModes)
       benchmark::RegisterBenchmark(("BM_Mux/" + std::string(c.name) + "/" + SizeName(s)).c_str(), Mux, c, s,
                                    0u, int64_t{cpu::kAnyIsa});

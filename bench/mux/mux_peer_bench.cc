@@ -31,11 +31,8 @@ void YuvArgbInterpolate(benchmark::State& state, FrameSize s, int fraction) {
   const uint8_t* b = Frame(n, 2).data();
   uint8_t* out = Frame(n, 1).data();
   const int row = s.width * 4;
-  for (auto _ : state) {
-    libyuv::ARGBInterpolate(a, row, b, row, out, row, s.width, s.height, fraction);
-    benchmark::ClobberMemory();
-  }
-  state.SetBytesProcessed(int64_t(state.iterations()) * n);
+  TimeFrames(state, n,
+             [&] { libyuv::ARGBInterpolate(a, row, b, row, out, row, s.width, s.height, fraction); });
 }
 
 void YuvInterpolatePlane(benchmark::State& state, FrameSize s) {
@@ -43,11 +40,7 @@ void YuvInterpolatePlane(benchmark::State& state, FrameSize s) {
   const uint8_t* src = Frame(n, 0).data();
   uint8_t* dst = Frame(n, 1).data();
   const int row = s.width * 4;
-  for (auto _ : state) {
-    libyuv::InterpolatePlane(dst, row, src, row, dst, row, row, s.height, 100);
-    benchmark::ClobberMemory();
-  }
-  state.SetBytesProcessed(int64_t(state.iterations()) * n);
+  TimeFrames(state, n, [&] { libyuv::InterpolatePlane(dst, row, src, row, dst, row, row, s.height, 100); });
 }
 
 void YuvArgbScaleHalves(benchmark::State& state, FrameSize s) {
@@ -56,13 +49,11 @@ void YuvArgbScaleHalves(benchmark::State& state, FrameSize s) {
   const uint8_t* b = Frame(n, 2).data();
   uint8_t* out = Frame(n, 1).data();
   const int row = s.width * 4;
-  for (auto _ : state) {
+  TimeFrames(state, n, [&] {
     libyuv::ARGBScale(a, row, s.width, s.height, out, row, s.width / 2, s.height, libyuv::kFilterNone);
     libyuv::ARGBScale(b, row, s.width, s.height, out + row / 2, row, s.width / 2, s.height,
                       libyuv::kFilterNone);
-    benchmark::ClobberMemory();
-  }
-  state.SetBytesProcessed(int64_t(state.iterations()) * n);
+  });
 }
 #endif
 
@@ -73,16 +64,12 @@ void CvAbsdiff(benchmark::State& state, FrameSize s) {
   const cv::Mat b(s.height, s.width, CV_8UC4, Frame(n, 2).data());
   cv::Mat out(s.height, s.width, CV_8UC4, Frame(n, 1).data());
   cv::setNumThreads(0);  // single-threaded, as the mux is
-  for (auto _ : state) {
-    cv::absdiff(a, b, out);
-    benchmark::ClobberMemory();
-  }
-  state.SetBytesProcessed(int64_t(state.iterations()) * n);
+  TimeFrames(state, n, [&] { cv::absdiff(a, b, out); });
 }
 #endif
 
 const bool kRegistered = [] {
-  for (FrameSize s : {kSmall, kHD, kUHD}) {
+  for (FrameSize s : {kSmall, kHD, kUHD, kUHD8K}) {
     static_cast<void>(s);
 #if defined(ZR_HAVE_LIBYUV)
     benchmark::RegisterBenchmark(("BM_Peer/libyuv_ARGBInterpolate/" + SizeName(s)).c_str(),

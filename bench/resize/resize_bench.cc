@@ -25,11 +25,6 @@ bool MachineHas(uint64_t features) {
   return ownReadCpuFeatures(&word) && (word & features) == features;
 }
 
-// Every figure counts the source frame's bytes, so that rates compare.
-void SetFrameBytes(benchmark::State& state, size_t bytes) {
-  state.SetBytesProcessed(static_cast<int64_t>(state.iterations()) * static_cast<int64_t>(bytes));
-}
-
 void ResizeHalf(benchmark::State& state, ownResizeSqrPixelFn resize, uint64_t needs) {
   if (!MachineHas(needs)) {
     state.SkipWithError("variant not supported by this processor");
@@ -43,12 +38,10 @@ void ResizeHalf(benchmark::State& state, ownResizeSqrPixelFn resize, uint64_t ne
   int32_t size = 0;
   ippiResizeGetBufSize(roi, roi, 1, ZRIPP_INTER_NN, &size);
   uint8_t* scratch = ippsMalloc_8u(size);
-  for (auto _ : state) {
+  TimeFrames(state, bytes, [&] {
     resize(src, IppiSize{w, h}, 4 * w, roi, dst, 4 * w, roi, 0.5, 1.0, 0.0, 0.0, ZRIPP_INTER_NN, scratch);
-    benchmark::ClobberMemory();
-  }
+  });
   ippsFree(scratch);
-  SetFrameBytes(state, bytes);
 }
 
 // The floor for writing the output: memcpy of the half frame it fills.
@@ -56,11 +49,7 @@ void BM_ResizeBaseline_MemcpyOutput(benchmark::State& state) {
   const size_t bytes = static_cast<size_t>(state.range(0)) * state.range(1) * 4;
   const uint8_t* src = Frame(bytes, 0).data();
   uint8_t* dst = Frame(bytes, 1).data();
-  for (auto _ : state) {
-    std::memcpy(dst, src, bytes / 2);
-    benchmark::ClobberMemory();
-  }
-  SetFrameBytes(state, bytes);
+  TimeFrames(state, bytes, [&] { std::memcpy(dst, src, bytes / 2); });
 }
 
 #if defined(ZR_HAVE_LIBYUV)
@@ -69,11 +58,8 @@ void BM_ResizeHalf_Libyuv(benchmark::State& state) {
   const size_t bytes = static_cast<size_t>(w) * h * 4;
   const uint8_t* src = Frame(bytes, 0).data();
   uint8_t* dst = Frame(bytes, 1).data();
-  for (auto _ : state) {
-    libyuv::ARGBScale(src, 4 * w, w, h, dst, 4 * w, w / 2, h, libyuv::kFilterNone);
-    benchmark::ClobberMemory();
-  }
-  SetFrameBytes(state, bytes);
+  TimeFrames(state, bytes,
+             [&] { libyuv::ARGBScale(src, 4 * w, w, h, dst, 4 * w, w / 2, h, libyuv::kFilterNone); });
 }
 #endif
 
@@ -82,8 +68,12 @@ constexpr uint64_t kSSSE3 = kSSE2 | kOwnSSE3 | kOwnSSSE3;
 constexpr uint64_t kSSE42 = kSSSE3 | kOwnSSE41 | kOwnSSE42;
 constexpr uint64_t kAVX = kSSE42 | kOwnAVX | kOwnAVXUsable;
 
-#define ZR_RESIZE_FRAMES \
-  Args({kSmall.width, kSmall.height})->Args({kHD.width, kHD.height})->Args({kUHD.width, kUHD.height})
+// Every figure counts the source frame's bytes, so that rates compare.
+#define ZR_RESIZE_FRAMES                \
+  Args({kSmall.width, kSmall.height})   \
+      ->Args({kHD.width, kHD.height})   \
+      ->Args({kUHD.width, kUHD.height}) \
+      ->Args({kUHD8K.width, kUHD8K.height})
 BENCHMARK_CAPTURE(ResizeHalf, public_name, ippiResizeSqrPixel_8u_C4R, kSSE2)->ZR_RESIZE_FRAMES;
 BENCHMARK_CAPTURE(ResizeHalf, m7, m7_ippiResizeSqrPixel_8u_C4R, kSSE2)->ZR_RESIZE_FRAMES;
 BENCHMARK_CAPTURE(ResizeHalf, u8, u8_ippiResizeSqrPixel_8u_C4R, kSSSE3)->ZR_RESIZE_FRAMES;

@@ -1,5 +1,5 @@
 // zrfx's frame loop (read both inputs, one library call, write the output)
-// at 1920x1080 and 3840x2160, on frames decoded beforehand: each read copies
+// at 1920x1080, 3840x2160 and 7680x4320, on frames decoded beforehand: each read copies
 // a frame into the loop's own buffer as a read from a pipe would, and each
 // write copies the result out. BM_PipeMemcpy copies the same bytes (two
 // frames in, one out) in one memcpy: the tool's cost per frame is the ratio
@@ -23,6 +23,7 @@ namespace {
 
 using zr::bench::kHD;
 using zr::bench::kUHD;
+using zr::bench::kUHD8K;
 
 std::vector<uint8_t> Filled(size_t bytes, int seed) {
   std::vector<uint8_t> v(bytes);
@@ -138,8 +139,12 @@ void BM_PipeMemcpy(benchmark::State& state, const char* pix) {
   Report(state, bytes / 3);
 }
 
-#define ZRFX_SIZES \
-  Args({kHD.width, kHD.height})->Args({kUHD.width, kUHD.height})->MeasureProcessCPUTime()->UseRealTime()
+#define ZRFX_SIZES                          \
+  Args({kHD.width, kHD.height})             \
+      ->Args({kUHD.width, kUHD.height})     \
+      ->Args({kUHD8K.width, kUHD8K.height}) \
+      ->MeasureProcessCPUTime()             \
+      ->UseRealTime()
 BENCHMARK_CAPTURE(BM_PipeMemcpy, rgba, "rgba")->ZRFX_SIZES;
 BENCHMARK_CAPTURE(BM_TransitionLoop, rgba_horizontal, "rgba", 1)->ZRFX_SIZES;
 BENCHMARK_CAPTURE(BM_TransitionCall, rgba_horizontal, "rgba", 1)->ZRFX_SIZES;
