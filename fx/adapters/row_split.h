@@ -13,23 +13,27 @@ namespace zr::fx {
 // more than their rows take.
 inline constexpr uint32_t kSplitFromRows = 64;
 
-// Work on rows first to last - 1, with what the caller passed as `context`.
-using RowsFn = void (*)(const void* context, uint32_t first, uint32_t last);
 using CreateThreadFn = decltype(&zrOSCreateThread);
 
-// Runs rows 0 to height - 1 and returns when all are done: the upper half
-// (height / 2 rows) on a new thread at the adapter's priority, the rest on
-// the calling thread. The rows must not write bytes that another row reads
-// or writes. Below kSplitFromRows rows, or when no thread can be created,
-// all rows run on the calling thread. Tests pass their own `create`.
-void SplitRows(uint32_t height, RowsFn rows, const void* context, CreateThreadFn create = zrOSCreateThread);
+// Runs rows(first, last) over rows 0 to height - 1 and returns when all are
+// done: the upper half (height / 2 rows) on a new thread at the adapter's
+// priority, the rest on the calling thread. No two rows may write bytes that
+// the other reads or writes. Below kSplitFromRows rows, or when no thread
+// can be created, all rows run on the calling thread. Tests pass their own
+// `create`.
+template <typename Rows>
+void SplitRows(uint32_t height, const Rows& rows, CreateThreadFn create = zrOSCreateThread);
+
+// The same with the rows as a function and its context.
+using RowsFn = void (*)(const void* context, uint32_t first, uint32_t last);
+void SplitRows(uint32_t height, RowsFn rows, const void* context, CreateThreadFn create);
 
 template <typename Rows>
-void SplitRows(uint32_t height, const Rows& rows) {
+void SplitRows(uint32_t height, const Rows& rows, CreateThreadFn create) {
   SplitRows(
       height,
       [](const void* c, uint32_t first, uint32_t last) { (*static_cast<const Rows*>(c))(first, last); },
-      &rows);
+      &rows, create);
 }
 
 // True when `height` rows of `rowBytes` bytes, `pitch` apart from one base,

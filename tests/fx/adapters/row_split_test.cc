@@ -11,34 +11,27 @@
 namespace zr::fx {
 namespace {
 
-// Which thread did each row, and how often.
-struct RowLog {
-  std::vector<std::thread::id> by;
-  std::vector<int> times;
-  explicit RowLog(uint32_t height) : by(height), times(height) {}
-  static void Rows(const void* context, uint32_t first, uint32_t last) {
-    auto* log = const_cast<RowLog*>(static_cast<const RowLog*>(context));
-    for (uint32_t y = first; y < last; ++y) log->by[y] = std::this_thread::get_id(), ++log->times[y];
-  }
-};
-
 ZrHandle NoThread(void*, size_t, ZrThreadEntry, void*, unsigned int, unsigned long*, const char*) {
   return nullptr;
 }
 
 TEST(RowSplit, EveryRowOnceUpperHalfOnANewThread) {
   const auto self = std::this_thread::get_id();
-  for (const bool threads : {true, false})
+  for (const CreateThreadFn create : {zrOSCreateThread, NoThread})
     for (const uint32_t height : {0u, 1u, 63u, 64u, 65u, 1001u}) {
-      RowLog log(height);
-      if (threads)
-        SplitRows(height, RowLog::Rows, &log);
-      else
-        SplitRows(height, RowLog::Rows, &log, NoThread);
-      const bool split = threads && height >= 64;
+      // Which thread did each row, and how often.
+      std::vector<std::thread::id> by(height);
+      std::vector<int> times(height);
+      SplitRows(
+          height,
+          [&](uint32_t first, uint32_t last) {
+            for (uint32_t y = first; y < last; ++y) by[y] = std::this_thread::get_id(), ++times[y];
+          },
+          create);
+      const bool split = create != NoThread && height >= 64;
       for (uint32_t y = 0; y < height; ++y) {
-        ASSERT_EQ(log.times[y], 1) << height << " row " << y;
-        ASSERT_EQ(log.by[y] != self, split && y < height / 2) << height << " row " << y;
+        ASSERT_EQ(times[y], 1) << height << " row " << y;
+        ASSERT_EQ(by[y] != self, split && y < height / 2) << height << " row " << y;
       }
     }
 }
