@@ -10,8 +10,9 @@ namespace {
 
 constexpr char kRowThreadName[] = "zrrows";
 
-// The new thread's share. It lives on the calling thread's stack, which
-// waits for `done` before it returns, so the thread never outlives it.
+// The new thread's share, on the calling thread's stack: the caller waits
+// for `done` before it returns, and the new thread touches the job no more
+// once it has set `done`.
 struct RowJob {
   RowJob(RowsFn rows, const void* context, uint32_t last) : rows(rows), context(context), last(last) {}
 
