@@ -25,6 +25,8 @@ struct RowJob {
 };
 
 unsigned int RunRowJob(void* parameter) {
+  // The adapter's scratch work runs at its priority from the first row.
+  zrOSSetThreadPriority(zrOSGetCurrentThread(), kAdapterPriority);
   auto* const job = static_cast<RowJob*>(parameter);
   job->rows(job->context, 0, job->last);
   // Under the lock, so that the caller cannot see `done` and free the job
@@ -42,7 +44,6 @@ void SplitRows(uint32_t height, RowsFn rows, const void* context, CreateThreadFn
   RowJob job(rows, context, height / 2);
   ZrHandle const thread = create(nullptr, 0, RunRowJob, &job, 0, nullptr, kRowThreadName);
   if (!thread) return rows(context, 0, height);
-  zrOSSetThreadPriority(thread, kAdapterPriority);
   zrOSCloseThread(thread, kRowThreadName);
   rows(context, job.last, height);
   std::unique_lock<std::mutex> hold(job.lock);

@@ -1,5 +1,5 @@
 // The two-thread row split of the adapters: every row once, the upper half on
-// a new thread from 64 rows on, all rows on the caller when no thread can be
+// a new thread at priority 15 from 64 rows on, all rows on the caller when no thread can be
 // had, and when rows in dst may be shared out.
 #include "fx/adapters/row_split.h"
 
@@ -17,21 +17,27 @@ ZrHandle NoThread(void*, size_t, ZrThreadEntry, void*, unsigned int, unsigned lo
 
 TEST(RowSplit, EveryRowOnceUpperHalfOnANewThread) {
   const auto self = std::this_thread::get_id();
+  const int own = zrOSGetThreadPriority(zrOSGetCurrentThread());
   for (const CreateThreadFn create : {zrOSCreateThread, NoThread})
     for (const uint32_t height : {0u, 1u, 63u, 64u, 65u, 1001u}) {
-      // Which thread did each row, and how often.
+      // Which thread did each row, at what priority, and how often.
       std::vector<std::thread::id> by(height);
-      std::vector<int> times(height);
+      std::vector<int> times(height), priority(height);
       SplitRows(
           height,
           [&](uint32_t first, uint32_t last) {
-            for (uint32_t y = first; y < last; ++y) by[y] = std::this_thread::get_id(), ++times[y];
+            for (uint32_t y = first; y < last; ++y) {
+              by[y] = std::this_thread::get_id(), ++times[y];
+              priority[y] = zrOSGetThreadPriority(zrOSGetCurrentThread());
+            }
           },
           create);
       const bool split = create != NoThread && height >= 64;
       for (uint32_t y = 0; y < height; ++y) {
         ASSERT_EQ(times[y], 1) << height << " row " << y;
-        ASSERT_EQ(by[y] != self, split && y < height / 2) << height << " row " << y;
+        const bool upper = split && y < height / 2;
+        ASSERT_EQ(by[y] != self, upper) << height << " row " << y;
+        ASSERT_EQ(priority[y], upper ? 15 : own) << height << " row " << y;
       }
     }
 }
