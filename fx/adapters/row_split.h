@@ -1,5 +1,5 @@
 // The row loops of an adapter call on two threads: the calling thread and one
-// new thread, each with half of the rows.
+// new thread, sharing the rows out between them.
 #ifndef ZR_FX_ADAPTERS_ROW_SPLIT_H
 #define ZR_FX_ADAPTERS_ROW_SPLIT_H
 
@@ -16,11 +16,11 @@ inline constexpr uint32_t kSplitFromRows = 64;
 using CreateThreadFn = decltype(&zrOSCreateThread);
 
 // Runs rows(first, last) over rows 0 to height - 1 and returns when all are
-// done: the upper half (height / 2 rows) on a new thread at the adapter's
-// priority, the rest on the calling thread. No two rows may write bytes that
-// the other reads or writes. Below kSplitFromRows rows, or when no thread
-// can be created, all rows run on the calling thread. Tests pass their own
-// `create`.
+// done, each row once: on the calling thread and on a new thread at the
+// adapter's priority, whichever comes first for the next rows. No two rows
+// may write bytes that the other reads or writes. Below kSplitFromRows rows,
+// or when no thread can be created, all rows run on the calling thread.
+// Tests pass their own `create`.
 template <typename Rows>
 void SplitRows(uint32_t height, const Rows& rows, CreateThreadFn create = zrOSCreateThread);
 

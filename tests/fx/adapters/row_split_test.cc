@@ -1,28 +1,39 @@
-// The two-thread row split of the adapters: every row once, the upper half on
-// a new thread at priority 15 from 64 rows on, all rows on the caller when no thread can be
-// had, and when rows in dst may be shared out.
+// The two-thread row split of the adapters: every row once, a new thread from
+// 64 rows on, any rows it does at priority 15, all rows on the caller when no
+// thread can be had; and when rows in dst may be shared out.
 #include "fx/adapters/row_split.h"
 
 #include <gtest/gtest.h>
 
+#include <atomic>
+#include <chrono>
 #include <thread>
 #include <vector>
 
 namespace zr::fx {
 namespace {
 
-ZrHandle NoThread(void*, size_t, ZrThreadEntry, void*, unsigned int, unsigned long*, const char*) {
-  return nullptr;
+int gCreated;
+
+ZrHandle CountedThread(void* security, size_t stack, ZrThreadEntry entry, void* parameter, unsigned int flags,
+                       unsigned long* id, const char* name) {
+  ++gCreated;
+  return zrOSCreateThread(security, stack, entry, parameter, flags, id, name);
 }
 
-TEST(RowSplit, EveryRowOnceUpperHalfOnANewThread) {
+ZrHandle NoThread(void*, size_t, ZrThreadEntry, void*, unsigned int, unsigned long*, const char*) {
+  return ++gCreated, nullptr;
+}
+
+TEST(RowSplit, EveryRowOnceOnTwoThreadsFrom64Rows) {
   const auto self = std::this_thread::get_id();
   const int own = zrOSGetThreadPriority(zrOSGetCurrentThread());
-  for (const CreateThreadFn create : {zrOSCreateThread, NoThread})
+  for (const CreateThreadFn create : {CountedThread, NoThread})
     for (const uint32_t height : {0u, 1u, 63u, 64u, 65u, 1001u}) {
       // Which thread did each row, at what priority, and how often.
       std::vector<std::thread::id> by(height);
       std::vector<int> times(height), priority(height);
+      gCreated = 0;
       SplitRows(
           height,
           [&](uint32_t first, uint32_t last) {
@@ -32,14 +43,29 @@ TEST(RowSplit, EveryRowOnceUpperHalfOnANewThread) {
             }
           },
           create);
-      const bool split = create != NoThread && height >= 64;
+      EXPECT_EQ(gCreated, height >= 64) << height;
       for (uint32_t y = 0; y < height; ++y) {
         ASSERT_EQ(times[y], 1) << height << " row " << y;
-        const bool upper = split && y < height / 2;
-        ASSERT_EQ(by[y] != self, upper) << height << " row " << y;
-        ASSERT_EQ(priority[y], upper ? 15 : own) << height << " row " << y;
+        const bool caller = by[y] == self;
+        ASSERT_TRUE(caller || create == CountedThread) << height << " row " << y;
+        ASSERT_EQ(priority[y], caller ? own : 15) << height << " row " << y;
       }
     }
+}
+
+// While the caller is held up in its first rows, the new thread takes the
+// others on.
+TEST(RowSplit, NewThreadTakesRowsWhileTheCallerIsBusy) {
+  const auto self = std::this_thread::get_id();
+  std::atomic<uint32_t> byNewThread{0};
+  bool held = false;
+  SplitRows(1001, [&](uint32_t first, uint32_t last) {
+    if (std::this_thread::get_id() != self) return void(byNewThread += last - first);
+    for (int i = 0; i < 10000 && !held && byNewThread == 0; ++i)
+      std::this_thread::sleep_for(std::chrono::milliseconds(1));
+    held = true;
+  });
+  EXPECT_GT(byNewThread, 0u);
 }
 
 // Rows may go to two threads only when no two share a byte: a pitch below the
