@@ -1,6 +1,8 @@
 // The scratch block of the adapters: its size, its planes, its zeroed tail.
 #include "fx/adapters/adapter_scratch.h"
 
+#include <sys/mman.h>
+
 #include <cstring>
 
 #include "platform/zrutil.h"
@@ -14,6 +16,20 @@ constexpr uint32_t kSpareBytes = 3072;
 
 uint64_t RoundUp(uint64_t n) { return (n + kPlaneAlign - 1) / kPlaneAlign * kPlaneAlign; }
 
+// A fresh block costs more in first-touch page faults than the row loops and
+// the wipe take together when its pages are small (75 MB at 3840x2160 is
+// 18000 of them). Asks for 2 MiB pages over the whole ones the block holds,
+// so no other allocation shares the advice. Advice only: where there are no
+// large pages, nothing changes.
+constexpr uintptr_t kLargePage = uintptr_t{1} << 21;
+
+void PreferLargePages(void* block, size_t bytes) {
+  const uintptr_t address = reinterpret_cast<uintptr_t>(block);
+  const uintptr_t start = (address + kLargePage - 1) & ~(kLargePage - 1);
+  const uintptr_t end = (address + bytes) & ~(kLargePage - 1);
+  if (start < end) madvise(reinterpret_cast<void*>(start), end - start, MADV_HUGEPAGE);
+}
+
 }  // namespace
 
 uint32_t ScratchBytes(uint32_t width, uint32_t height) { return width * height * 9 + kSpareBytes; }
@@ -21,7 +37,9 @@ uint32_t ScratchBytes(uint32_t width, uint32_t height) { return width * height *
 void* AllocScratch(uint32_t width, uint32_t height) {
   // A wrapped size would leave the planes running past the block.
   if (uint64_t{width} * height * 9 + kSpareBytes > UINT32_MAX) return nullptr;
-  return ZrAlloc(ScratchBytes(width, height));
+  void* const block = ZrAlloc(ScratchBytes(width, height));
+  if (block) PreferLargePages(block, ScratchBytes(width, height));
+  return block;
 }
 
 ScratchPlanes LayScratch(void* block, uint32_t width, uint32_t height) {

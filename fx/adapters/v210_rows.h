@@ -31,6 +31,9 @@
 
 namespace zr::fx {
 
+// The bytes that packing writes in a row: 16 for each started group.
+constexpr uint64_t V210RowBytes(uint32_t width) { return (uint64_t{width} + 5) / 6 * 16; }
+
 void ExpandV210Row_C(const uint8_t* src, uint8_t* plane, uint32_t width);
 void PackV210Row_C(const uint8_t* plane, uint8_t* dst, uint32_t width);
 

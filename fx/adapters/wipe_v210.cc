@@ -3,11 +3,11 @@
 // sample are lost on the way.
 #include "fx/adapters/adapter_call.h"
 #include "fx/adapters/adapter_wipe.h"
+#include "fx/adapters/plane_rows.h"
 #include "fx/adapters/v210_pitch.h"
 #include "fx/adapters/v210_rows.h"
 #include "fx/fx_call.h"
 #include "fx/run_bands.h"
-#include "fx/source_rows.h"
 #include "platform/zrutil.h"
 #include "zrfx.h"
 
@@ -24,14 +24,8 @@ uint32_t ZrDraw_DisplayWipeV210(ZRFX_FRONT_DOOR_ARGS) {
   AdapterCall adapter;
   if (!BeginAdapter(call.width, call.height, adapter)) return 0xFFFFFFFFu;
   const ScratchPlanes& planes = adapter.planes;
-  const uint32_t planePitch = call.width * 3;
-
-  // Plane A whole, then plane B.
   const AdapterRowForm& rows = PickV210Rows();
-  for (uint32_t y = 0; y < call.height; ++y)
-    rows.expand(FxRow(call.srcA, y, call.pitchA), planes.planeA + size_t{y} * planePitch, call.width);
-  for (uint32_t y = 0; y < call.height; ++y)
-    rows.expand(FxRow(call.srcB, y, call.pitchB), planes.planeB + size_t{y} * planePitch, call.width);
+  ExpandPlanes(call, planes, rows.expand);
 
   // No guard here, unlike the 4:2:2 adapter: an exception from the wipe goes
   // to the caller with the block held and the priority still raised. Hosts
@@ -39,8 +33,7 @@ uint32_t ZrDraw_DisplayWipeV210(ZRFX_FRONT_DOOR_ARGS) {
   // that holds the planes, so a late one keeps it alive until it is through.
   DisplayWipe(OnPlanes(call, planes), adapter.scratch);
 
-  for (uint32_t y = 0; y < call.height; ++y)
-    rows.pack(planes.planeOut + size_t{y} * planePitch, FxRow(call.dst, y, call.dstPitch), call.width);
+  PackPlane(call, planes, rows.pack, V210RowBytes(call.width));
 
   EndAdapter(adapter);
   return 0;

@@ -24,6 +24,9 @@
 
 namespace zr::fx {
 
+// The bytes that packing writes in a row: 4 for each started pair.
+constexpr uint64_t YCbCr422RowBytes(uint32_t width) { return (uint64_t{width} + 1) / 2 * 4; }
+
 void ExpandYCbCr422Row_C(const uint8_t* src, uint8_t* plane, uint32_t width);
 void PackYCbCr422Row_C(const uint8_t* plane, uint8_t* dst, uint32_t width);
 

@@ -141,4 +141,34 @@ TEST_F(AdapterEntry, GoldenThroughBothAdapters) {
   }
 }
 
+// Pictures tall enough for the row loops to run on two threads, and odd
+// heights around where that starts: CRCs of the whole dst buffer. A 4:2:2
+// dst pitch of 40 under rows of 52 bytes overlaps each row with the next, and
+// a pitch of 0 puts every row in one place: the rows are packed top to
+// bottom, so the lower row's bytes stand.
+TEST_F(AdapterEntry, GoldenTallPictures) {
+  const struct {
+    AdapterFn adapter;
+    uint32_t width, height, pitchA, pitchB, pitchD, code, span, progress, crc;
+  } cases[] = {
+      {ZrDraw_DisplayWipeYCbCr, 26, 63, 56, 60, 52, 0, 65536, 23456, 0xbe80276f},
+      {ZrDraw_DisplayWipeYCbCr, 26, 64, 56, 60, 52, 1, 26, 9, 0x53bdb8f2},
+      {ZrDraw_DisplayWipeYCbCr, 27, 65, 56, 60, 64, 0x80000003u, 100, 37, 0x14001b23},
+      {ZrDraw_DisplayWipeYCbCr, 101, 131, 204, 208, 212, 0, 65536, 40000, 0xee0b1a7c},
+      {ZrDraw_DisplayWipeYCbCr, 26, 97, 56, 60, 40, 1, 26, 9, 0x0bcaba78},
+      {ZrDraw_DisplayWipeYCbCr, 26, 97, 56, 60, 0, 0, 65536, 23456, 0x9c2d854e},
+      {ZrDraw_DisplayWipeV210, 50, 63, 256, 300, 256, 0, 65536, 23456, 0xb0de7ba0},
+      {ZrDraw_DisplayWipeV210, 50, 64, 0, 256, 260, 1, 50, 17, 0x24ac0664},
+      {ZrDraw_DisplayWipeV210, 14, 65, 500, 100, 140, 3, 100, 61, 0xe06fc612},
+      {ZrDraw_DisplayWipeV210, 97, 131, 384, 400, 0, 0x80000000u, 65536, 40000, 0xbb721ebc},
+  };
+  for (const auto& c : cases) {
+    Frames f(c.pitchA, c.pitchB, c.pitchD, c.height,
+             c.adapter == ZrDraw_DisplayWipeV210 ? 128 * (c.width / 48 + 1) : 52);
+    EXPECT_EQ(f.Run(c.adapter, c.code, c.width, c.height, c.span, c.progress), 0u);
+    const uint32_t crc = zr::test::Crc32(f.bytes[2].data(), f.bytes[2].size());
+    EXPECT_EQ(crc, c.crc) << "case " << &c - cases << std::hex << " got 0x" << crc;
+  }
+}
+
 }  // namespace
