@@ -18,8 +18,11 @@ using platform::RowBatch;
 // The output frame's bytes: what a batch of the call's copies writes.
 uint64_t FrameBytes(const MuxCall& c) { return uint64_t{c.pitch} * c.height; }
 
-void CopyRow(const RowBatch& batch, const MuxCall& c, uint8_t* from, uint32_t fromRow, uint32_t toRow) {
-  batch.Copy(MuxRow(c.out, toRow, c.pitch), MuxRow(from, fromRow, c.pitch), c.pitch);
+// `next` is how far on the row that this source gives next starts, so the
+// copy can fetch it ahead: the modes read every other row, or rows upwards.
+void CopyRow(const RowBatch& batch, const MuxCall& c, uint8_t* from, uint32_t fromRow, uint32_t toRow,
+             size_t next) {
+  batch.Copy(MuxRow(c.out, toRow, c.pitch), MuxRow(from, fromRow, c.pitch), c.pitch, next);
 }
 
 }  // namespace
@@ -32,8 +35,8 @@ void MuxInterleave(const MuxCall& c) {
     const RowBatch batch(FrameBytes(c));
     for (uint64_t r = 0; r < c.height; r += 2) {
       const auto y = static_cast<uint32_t>(r);
-      CopyRow(batch, c, c.a, y, y);
-      CopyRow(batch, c, c.b, y + 1, y + 1);
+      CopyRow(batch, c, c.a, y, y, 2 * size_t{c.pitch});
+      CopyRow(batch, c, c.b, y + 1, y + 1, 2 * size_t{c.pitch});
     }
     return;
   }
@@ -51,8 +54,8 @@ void MuxOverUnder(const MuxCall& c) {
   const uint32_t half = c.height / 2;
   const RowBatch batch(FrameBytes(c));
   for (uint32_t i = 0; i < half; ++i) {
-    CopyRow(batch, c, c.a, 2 * i, i);
-    CopyRow(batch, c, c.b, 2 * i, half + i);
+    CopyRow(batch, c, c.a, 2 * i, i, 2 * size_t{c.pitch});
+    CopyRow(batch, c, c.b, 2 * i, half + i, 2 * size_t{c.pitch});
   }
 }
 
@@ -79,11 +82,11 @@ void MuxSplit(const MuxCall& c) {
   for (uint64_t r = 0; r < c.height; ++r) {
     const auto y = static_cast<uint32_t>(r);
     if (y < t)
-      CopyRow(batch, c, c.a, y, y);
+      CopyRow(batch, c, c.a, y, y, c.pitch);
     else if (y == t && divider)
       SetMemoryFast(MuxRow(c.out, y, c.pitch), kDividerWord, c.pitch);
     else
-      CopyRow(batch, c, c.b, y, y);
+      CopyRow(batch, c, c.b, y, y, c.pitch);
   }
 }
 
@@ -109,9 +112,9 @@ void MuxMirror(const MuxCall& c) {
   for (uint64_t r = 0; r < c.height; ++r) {
     const auto y = static_cast<uint32_t>(r);
     if (y < half)
-      CopyRow(batch, c, c.a, y, y);
+      CopyRow(batch, c, c.a, y, y, c.pitch);
     else
-      CopyRow(batch, c, c.b, 2 * half - y, y);
+      CopyRow(batch, c, c.b, 2 * half - y, y, size_t{0} - c.pitch);  // upwards: wraps
   }
 }
 

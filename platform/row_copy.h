@@ -11,8 +11,9 @@
 
 namespace zr::platform {
 
-// `nextRow` is the distance from `source` to the same bytes of the next row
-// of its picture, which a copy may fetch ahead.
+// `nextRow` is the distance from `source` to the same bytes of the row that
+// its picture gives next, which a copy may fetch ahead; it wraps for a row
+// above, and 0 asks for nothing ahead.
 using RowCopyFn = void (*)(uint8_t* target, const uint8_t* source, size_t bytes, size_t nextRow);
 
 // CopyMemoryFast; an empty copy touches nothing, not even its pointers.
