@@ -141,11 +141,11 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
     a[i] = in.U8();
     b[i] = static_cast<uint8_t>(a[i] * 7 + i);
   }
-  const int threads = zrfx::ThreadCount();
-  ZrDraw_DisplayMuxRGBA(reinterpret_cast<uint32_t*>(a), sizeA, reinterpret_cast<uint32_t*>(b), sizeB,
-                        reinterpret_cast<uint32_t*>(frameOut.data()), out, flags | mode, wipeCode,
-                        mixPosition, mixLevel, splitX, splitY, gridMode, gridStepX, gridStepY, g.width,
-                        g.height, g.pitch);
-  zrfx::WaitForLateWorkers(threads);
+  zrfx::RunAndJoinWorkers([&] {
+    ZrDraw_DisplayMuxRGBA(reinterpret_cast<uint32_t*>(a), sizeA, reinterpret_cast<uint32_t*>(b), sizeB,
+                          reinterpret_cast<uint32_t*>(frameOut.data()), out, flags | mode, wipeCode,
+                          mixPosition, mixLevel, splitX, splitY, gridMode, gridStepX, gridStepY, g.width,
+                          g.height, g.pitch);
+  });
   return 0;
 }

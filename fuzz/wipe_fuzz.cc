@@ -112,21 +112,21 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
   for (uint32_t i = 0; i < bytesA; ++i) a[i] = in.U8();
   for (uint32_t i = 0; i < bytesB; ++i) b[i] = static_cast<uint8_t>(i * 13 + 5);
   const uint32_t r0 = in.U32(), r1 = in.U32();
-  const int threads = zrfx::ThreadCount();
-  switch (entry) {
-    case Entry::kDirect:
-      ZrDraw_DisplayWipe(a, pitchA, b, pitchB, out, dstPitch, code, format, width, height, r0, r1, 0, 0, 0,
-                         progressStart, progressEnd, progress);
-      break;
-    case Entry::kYCbCr:
-      ZrDraw_DisplayWipeYCbCr(a, pitchA, b, pitchB, out, dstPitch, code, format, width, height, r0, r1, 0, 0,
-                              0, progressStart, progressEnd, progress);
-      break;
-    case Entry::kV210:
-      ZrDraw_DisplayWipeV210(a, pitchA, b, pitchB, out, dstPitch, code, format, width, height, r0, r1, 0, 0,
-                             0, progressStart, progressEnd, progress);
-      break;
-  }
-  zrfx::WaitForLateWorkers(threads);
+  zrfx::RunAndJoinWorkers([&] {
+    switch (entry) {
+      case Entry::kDirect:
+        ZrDraw_DisplayWipe(a, pitchA, b, pitchB, out, dstPitch, code, format, width, height, r0, r1, 0, 0, 0,
+                           progressStart, progressEnd, progress);
+        break;
+      case Entry::kYCbCr:
+        ZrDraw_DisplayWipeYCbCr(a, pitchA, b, pitchB, out, dstPitch, code, format, width, height, r0, r1, 0,
+                                0, 0, progressStart, progressEnd, progress);
+        break;
+      case Entry::kV210:
+        ZrDraw_DisplayWipeV210(a, pitchA, b, pitchB, out, dstPitch, code, format, width, height, r0, r1, 0, 0,
+                               0, progressStart, progressEnd, progress);
+        break;
+    }
+  });
   return 0;
 }

@@ -8,10 +8,10 @@
 #include <vector>
 
 #include "elements.h"
-#include "late_workers.h"
 #include "mux/mux_mode_names.h"
 #include "mux_enum.h"
 #include "two_input.h"
+#include "zrfx/late_workers.h"
 
 namespace {
 
@@ -112,7 +112,7 @@ GstFlowReturn Combine(GstZrTwoInput* base, GstVideoFrame* a, GstVideoFrame* b, G
            static_cast<const uint8_t*>(GST_VIDEO_FRAME_PLANE_DATA(b, 0)), GST_VIDEO_FRAME_PLANE_STRIDE(b, 0),
            pitch, height);
   const auto bytes = static_cast<uint32_t>(pitch * height);
-  zrgst::RunAndJoinWorkers([&] {
+  zrfx::RunAndJoinWorkers([&] {
     ZrDraw_DisplayMuxRGBA(f.a.data(), bytes, f.b.data(), bytes, f.out.data(), bytes, s.flags,
                           s.wipe | (s.reverse ? kReverseBit : 0), s.position, s.level, s.splitX, s.splitY,
                           s.gridMode, s.gridStepX, s.gridStepY, width, height, static_cast<uint32_t>(pitch));

@@ -12,4 +12,4 @@ static gboolean plugin_init(GstPlugin* plugin) {
 
 GST_PLUGIN_DEFINE(GST_VERSION_MAJOR, GST_VERSION_MINOR, zrdraw,
                   "Transitions, comparisons and burn-in on uncompressed video with the zrdraw library",
-                  plugin_init, VERSION, "Proprietary", "zrdraw", "https://example.invalid/zrdraw")
+                  plugin_init, VERSION, "Proprietary", "zrdraw", "Unknown package origin")

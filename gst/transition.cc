@@ -7,8 +7,8 @@
 #include <vector>
 
 #include "elements.h"
-#include "late_workers.h"
 #include "two_input.h"
+#include "zrfx/late_workers.h"
 
 namespace {
 
@@ -119,12 +119,12 @@ GstFlowReturn Combine(GstZrTwoInput* base, GstVideoFrame* a, GstVideoFrame* b, G
   // rows of some widths: such frames go through copies of one pitch with
   // room after them.
   if (po.pitch == pb.pitch && (f->route != zrgst::WipeRoute::kYCbCr || width % kYCbCrReadGroup == 0)) {
-    zrgst::RunAndJoinWorkers([&] { status = PlayWipe(*f, pa, pb, po, width, height, code, progress); });
+    zrfx::RunAndJoinWorkers([&] { status = PlayWipe(*f, pa, pb, po, width, height, code, progress); });
   } else {
     const uint32_t rowBytes = std::min({pa.pitch, pb.pitch, po.pitch});
     std::vector<uint8_t> sa = Staged(pa, po.pitch, rowBytes, height),
                          sb = Staged(pb, po.pitch, rowBytes, height), so(sa.size());
-    zrgst::RunAndJoinWorkers([&] {
+    zrfx::RunAndJoinWorkers([&] {
       status = PlayWipe(*f, {sa.data(), po.pitch}, {sb.data(), po.pitch}, {so.data(), po.pitch}, width,
                         height, code, progress);
     });

@@ -7,6 +7,7 @@ namespace {
 
 struct GstZrTwoInputPrivate {
   gboolean warnedSingle;
+  gboolean warnedChange;
 };
 
 }  // namespace
@@ -174,10 +175,39 @@ GstFlowReturn AggregateFrames(GstVideoAggregator* vagg, GstBuffer* outbuf) {
   return ret;
 }
 
+// The output's caps hold once the stream plays: caps that an input offers
+// then are refused, and the base class says no more than "not-negotiated".
+// Says once what was offered against what the output is.
+gboolean SinkQuery(GstAggregator* agg, GstAggregatorPad* pad, GstQuery* query) {
+  const gboolean ret = GST_AGGREGATOR_CLASS(gst_zr_two_input_parent_class)->sink_query(agg, pad, query);
+  if (GST_QUERY_TYPE(query) != GST_QUERY_ACCEPT_CAPS) return ret;
+  GstVideoAggregator* vagg = GST_VIDEO_AGGREGATOR(agg);
+  auto* priv =
+      static_cast<GstZrTwoInputPrivate*>(gst_zr_two_input_get_instance_private(GST_ZR_TWO_INPUT(agg)));
+  gboolean accepted = TRUE;
+  gst_query_parse_accept_caps_result(query, &accepted);
+  GstCaps* caps = nullptr;
+  gst_query_parse_accept_caps(query, &caps);
+  GstVideoInfo offered;
+  if (accepted || priv->warnedChange || GST_VIDEO_INFO_FORMAT(&vagg->info) == GST_VIDEO_FORMAT_UNKNOWN ||
+      !gst_video_info_from_caps(&offered, caps))
+    return ret;
+  priv->warnedChange = TRUE;
+  gchar* got = Describe(offered);
+  gchar* want = Describe(vagg->info);
+  GST_ELEMENT_WARNING(agg, CORE, NEGOTIATION,
+                      ("%s offered %s frames for %s output", GST_PAD_NAME(pad), got, want),
+                      ("the inputs may not change their format or size mid-stream"));
+  g_free(got);
+  g_free(want);
+  return ret;
+}
+
 void Reset(GstZrTwoInput* self) {
   RepeatAfterEos(GST_ELEMENT(self), TRUE);
   auto* priv = static_cast<GstZrTwoInputPrivate*>(gst_zr_two_input_get_instance_private(self));
   priv->warnedSingle = FALSE;
+  priv->warnedChange = FALSE;
   if (GST_ZR_TWO_INPUT_GET_CLASS(self)->reset) GST_ZR_TWO_INPUT_GET_CLASS(self)->reset(self);
 }
 
@@ -197,6 +227,7 @@ static void gst_zr_two_input_class_init(GstZrTwoInputClass* klass) {
   GST_ELEMENT_CLASS(klass)->request_new_pad = RequestNewPad;
   GST_AGGREGATOR_CLASS(klass)->flush = Flush;
   GST_AGGREGATOR_CLASS(klass)->sink_event = SinkEvent;
+  GST_AGGREGATOR_CLASS(klass)->sink_query = SinkQuery;
   GST_AGGREGATOR_CLASS(klass)->stop = Stop;
   GST_VIDEO_AGGREGATOR_CLASS(klass)->update_caps = UpdateCaps;
   GST_VIDEO_AGGREGATOR_CLASS(klass)->aggregate_frames = AggregateFrames;

@@ -36,9 +36,31 @@ std::string MessageText(GstMessage* message) {
   return text;
 }
 
+void KeepSample(GstSample* sample, RunResult& result) {
+  gst_video_info_from_caps(&result.info, gst_sample_get_caps(sample));
+  GstBuffer* buffer = gst_sample_get_buffer(sample);
+  FrameBytes bytes(gst_buffer_get_size(buffer) + kFrameTail, 0);
+  gst_buffer_extract(buffer, 0, bytes.data(), gst_buffer_get_size(buffer));
+  result.frames.push_back(std::move(bytes));
+  gst_sample_unref(sample);
+}
+
+// Takes the bus's messages until EOS or an error; false while neither came.
+bool TakeMessages(GstBus* bus, RunResult& result) {
+  const auto types = static_cast<GstMessageType>(GST_MESSAGE_EOS | GST_MESSAGE_ERROR | GST_MESSAGE_WARNING);
+  while (GstMessage* message = gst_bus_pop_filtered(bus, types)) {
+    const GstMessageType type = GST_MESSAGE_TYPE(message);
+    if (type != GST_MESSAGE_EOS)
+      (type == GST_MESSAGE_ERROR ? result.errors : result.warnings).push_back(MessageText(message));
+    gst_message_unref(message);
+    if (type != GST_MESSAGE_WARNING) return true;
+  }
+  return false;
+}
+
 }  // namespace
 
-RunResult RunPipeline(const std::string& launch) {
+RunResult RunPipeline(const std::string& launch, const PipelineHooks& hooks) {
   RunResult result;
   GError* error = nullptr;
   GstElement* pipeline = gst_parse_launch(launch.c_str(), &error);
@@ -51,37 +73,23 @@ RunResult RunPipeline(const std::string& launch) {
   result.parsed = true;
   GstElement* sink = gst_bin_get_by_name(GST_BIN(pipeline), "out");
   g_object_set(sink, "sync", FALSE, "wait-on-eos", FALSE, nullptr);
+  if (hooks.setup) hooks.setup(pipeline);
   gst_element_set_state(pipeline, GST_STATE_PLAYING);
   GstBus* bus = gst_element_get_bus(pipeline);
-  for (bool done = false; !done;) {
-    GstMessage* message = gst_bus_timed_pop_filtered(
-        bus, 30 * GST_SECOND,
-        static_cast<GstMessageType>(GST_MESSAGE_EOS | GST_MESSAGE_ERROR | GST_MESSAGE_WARNING));
-    if (message == nullptr) {
+  const gint64 deadline = g_get_monotonic_time() + 30 * G_USEC_PER_SEC;
+  while (!TakeMessages(bus, result)) {
+    if (g_get_monotonic_time() > deadline) {
       result.errors.push_back("timeout");
       break;
     }
-    switch (GST_MESSAGE_TYPE(message)) {
-      case GST_MESSAGE_WARNING:
-        result.warnings.push_back(MessageText(message));
-        break;
-      case GST_MESSAGE_ERROR:
-        result.errors.push_back(MessageText(message));
-        done = true;
-        break;
-      default:
-        done = true;
-    }
-    gst_message_unref(message);
+    GstSample* sample = gst_app_sink_try_pull_sample(GST_APP_SINK(sink), 10 * GST_MSECOND);
+    if (sample == nullptr) continue;
+    KeepSample(sample, result);
+    if (static_cast<int>(result.frames.size()) == hooks.flushAfter)
+      gst_element_seek(pipeline, 1.0, GST_FORMAT_TIME, GST_SEEK_FLAG_FLUSH, GST_SEEK_TYPE_SET, 0,
+                       GST_SEEK_TYPE_SET, hooks.stopFrames * 40 * GST_MSECOND);
   }
-  while (GstSample* sample = gst_app_sink_try_pull_sample(GST_APP_SINK(sink), 0)) {
-    gst_video_info_from_caps(&result.info, gst_sample_get_caps(sample));
-    GstBuffer* buffer = gst_sample_get_buffer(sample);
-    FrameBytes bytes(gst_buffer_get_size(buffer) + kFrameTail, 0);
-    gst_buffer_extract(buffer, 0, bytes.data(), gst_buffer_get_size(buffer));
-    result.frames.push_back(std::move(bytes));
-    gst_sample_unref(sample);
-  }
+  while (GstSample* sample = gst_app_sink_try_pull_sample(GST_APP_SINK(sink), 0)) KeepSample(sample, result);
   gst_element_set_state(pipeline, GST_STATE_NULL);
   gst_object_unref(bus);
   gst_object_unref(sink);

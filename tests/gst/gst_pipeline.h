@@ -7,6 +7,7 @@
 #include <gst/video/video.h>
 
 #include <cstdint>
+#include <functional>
 #include <string>
 #include <vector>
 
@@ -24,8 +25,18 @@ struct RunResult {
   std::vector<std::string> errors, warnings;
 };
 
+struct PipelineHooks {
+  // Called on the parsed pipeline before it plays.
+  std::function<void(GstElement* pipeline)> setup;
+  // After this many frames, a flushing seek to the start that ends the
+  // stream `stopFrames` frames of 40 ms later; frames from before the seek
+  // that the flush dropped are not kept.
+  int flushAfter = -1;
+  int stopFrames = 0;
+};
+
 // Runs `launch` until EOS or an error (30 seconds at most).
-RunResult RunPipeline(const std::string& launch);
+RunResult RunPipeline(const std::string& launch, const PipelineHooks& hooks = {});
 
 // "video/x-raw,format=F,width=W,height=H,framerate=25/1"
 std::string RawCaps(const std::string& format, int width, int height);

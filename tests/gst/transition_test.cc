@@ -1,6 +1,8 @@
 // zrtransition in a pipeline: each output frame equals the library's own
 // call on the same two input frames at the frame's progress, in every format
 // it takes, and an input that ends holds its last frame.
+#include <gst/controller/gstdirectcontrolbinding.h>
+#include <gst/controller/gstinterpolationcontrolsource.h>
 #include <gtest/gtest.h>
 #include <zrdraw.h>
 
@@ -92,6 +94,66 @@ TEST(GstTransition, PositionAndAMissingSecondInput) {
   EXPECT_EQ(alone.frames[1], a.frames[1]);
   ASSERT_FALSE(alone.warnings.empty());
   EXPECT_NE(alone.warnings[0].find("one input"), std::string::npos) << alone.warnings[0];
+}
+
+// A flushing seek in the middle of a timed transition: the frames after it
+// start again from the first with no progress, as a new stream does.
+TEST(GstTransition, AFlushingSeekStartsTheTransitionAgain) {
+  const TransitionCase c = kCases[5];  // UYVY, through the 4:2:2 adapter
+  const std::string caps = RawCaps(c.format, c.width, kHeight);
+  constexpr int kBefore = 6, kAfter = 5;
+  // Not smpte: its noise goes on across a seek.
+  const RunResult a = TestFrames("zone-plate", kBefore, caps), b = TestFrames("ball", kBefore, caps);
+  PipelineHooks hooks;
+  hooks.flushAfter = kBefore;
+  hooks.stopFrames = kAfter;
+  const RunResult out = RunPipeline(
+      "videotestsrc pattern=zone-plate ! " + caps +
+          " ! zrtransition name=t wipe=23 duration=" + std::to_string(kDurationFrames * 40000000) +
+          " ! appsink name=out videotestsrc pattern=ball ! " + caps + " ! t.sink_1",
+      hooks);
+  ASSERT_TRUE(out.errors.empty()) << out.errors[0];
+  ASSERT_EQ(out.frames.size(), size_t{kBefore + kAfter});
+  for (size_t k = 0; k < out.frames.size(); ++k) {
+    const int i = static_cast<int>(k < kBefore ? k : k - kBefore);
+    const FrameBytes want =
+        Expected(c, out.info, a.frames[i], b.frames[i], static_cast<uint32_t>(i) * kProgressStep);
+    EXPECT_TRUE(std::equal(want.begin(), want.end() - kFrameTail, out.frames[k].begin())) << "frame " << k;
+  }
+}
+
+// position bound to a control source: each frame plays the value at its
+// running time.
+TEST(GstTransition, AControlledPositionSetsEachFrame) {
+  const TransitionCase c = kCases[7];  // v210
+  const std::string caps = RawCaps(c.format, c.width, kHeight);
+  constexpr int kFrames = 5;
+  const RunResult a = TestFrames("smpte", kFrames, caps), b = TestFrames("ball", kFrames, caps);
+  PipelineHooks hooks;
+  hooks.setup = [](GstElement* pipeline) {
+    GstElement* t = gst_bin_get_by_name(GST_BIN(pipeline), "t");
+    GstControlSource* ramp = gst_interpolation_control_source_new();
+    g_object_set(ramp, "mode", GST_INTERPOLATION_MODE_LINEAR, nullptr);
+    GstTimedValueControlSource* points = GST_TIMED_VALUE_CONTROL_SOURCE(ramp);
+    gst_timed_value_control_source_set(points, 0, 0.0);
+    gst_timed_value_control_source_set(points, (kFrames - 1) * 40 * GST_MSECOND, 1.0);
+    gst_object_add_control_binding(GST_OBJECT(t),
+                                   gst_direct_control_binding_new_absolute(GST_OBJECT(t), "position", ramp));
+    gst_object_unref(ramp);
+    gst_object_unref(t);
+  };
+  const RunResult out =
+      RunPipeline("videotestsrc pattern=smpte num-buffers=" + std::to_string(kFrames) + " ! " + caps +
+                      " ! zrtransition name=t wipe=7 ! appsink name=out videotestsrc pattern=ball "
+                      "num-buffers=" +
+                      std::to_string(kFrames) + " ! " + caps + " ! t.sink_1",
+                  hooks);
+  ASSERT_TRUE(out.errors.empty()) << out.errors[0];
+  ASSERT_EQ(out.frames.size(), size_t{kFrames});
+  for (int i = 0; i < kFrames; ++i) {
+    const FrameBytes want = Expected(c, out.info, a.frames[i], b.frames[i], static_cast<uint32_t>(i) * 16384);
+    EXPECT_TRUE(std::equal(want.begin(), want.end() - kFrameTail, out.frames[i].begin())) << "frame " << i;
+  }
 }
 
 }  // namespace

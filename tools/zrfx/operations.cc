@@ -3,6 +3,7 @@
 #include <zrdraw.h>
 
 #include "zrfx/errors.h"
+#include "zrfx/late_workers.h"
 #include "zrfx/yuv_convert.h"
 
 namespace zrfx {
@@ -25,9 +26,11 @@ Frame RunAdapter(AdapterFn adapter, PackedVideo (*toLayout)(const Frame&),
                  uint32_t span, uint32_t progress) {
   CheckSpan(span);
   PackedVideo a = toLayout(frameA), b = toLayout(frameB), out = toLayout(frameA);
-  const uint32_t result =
-      adapter(a.bytes.data(), a.pitch, b.bytes.data(), b.pitch, out.bytes.data(), out.pitch, code,
-              kFormatIgnored, a.width, a.height, 0, 0, 0, 0, 0, 0, span, progress);
+  uint32_t result = 0;
+  RunAndJoinWorkers([&] {
+    result = adapter(a.bytes.data(), a.pitch, b.bytes.data(), b.pitch, out.bytes.data(), out.pitch, code,
+                     kFormatIgnored, a.width, a.height, 0, 0, 0, 0, 0, 0, span, progress);
+  });
   if (result != 0) throw RunError("the wipe adapter could not get memory");
   return toRgba(out);
 }
@@ -36,8 +39,10 @@ Frame RunAdapter(AdapterFn adapter, PackedVideo (*toLayout)(const Frame&),
 
 void RunWipe(Frame& a, Frame& b, Frame& out, uint32_t code, uint32_t span, uint32_t progress) {
   CheckSpan(span);
-  ZrDraw_DisplayWipe(a.data(), a.pitch(), b.data(), b.pitch(), out.data(), out.pitch(), code, kFormatRgba32,
-                     a.width(), a.height(), 0, 0, 0, 0, 0, 0, span, progress);
+  RunAndJoinWorkers([&] {
+    ZrDraw_DisplayWipe(a.data(), a.pitch(), b.data(), b.pitch(), out.data(), out.pitch(), code, kFormatRgba32,
+                       a.width(), a.height(), 0, 0, 0, 0, 0, 0, span, progress);
+  });
 }
 
 Frame RunWipeYCbCr(const Frame& a, const Frame& b, uint32_t code, uint32_t span, uint32_t progress) {
@@ -69,9 +74,11 @@ void RunMux(Frame& a, Frame& b, Frame& out, const MuxSettings& s) {
 void RunMux(uint8_t* a, uint8_t* b, uint8_t* out, uint32_t width, uint32_t height, const MuxSettings& s) {
   CheckMuxSettings(s, width, height);
   const uint32_t pitch = 4 * width, bytes = pitch * height;
-  ZrDraw_DisplayMuxRGBA(reinterpret_cast<uint32_t*>(a), bytes, reinterpret_cast<uint32_t*>(b), bytes,
-                        reinterpret_cast<uint32_t*>(out), bytes, s.flags, s.wipeCode, s.position, s.level,
-                        s.splitX, s.splitY, s.gridMode, s.gridStepX, s.gridStepY, width, height, pitch);
+  RunAndJoinWorkers([&] {
+    ZrDraw_DisplayMuxRGBA(reinterpret_cast<uint32_t*>(a), bytes, reinterpret_cast<uint32_t*>(b), bytes,
+                          reinterpret_cast<uint32_t*>(out), bytes, s.flags, s.wipeCode, s.position, s.level,
+                          s.splitX, s.splitY, s.gridMode, s.gridStepX, s.gridStepY, width, height, pitch);
+  });
 }
 
 }  // namespace zrfx

@@ -3,6 +3,7 @@
 #include <zrdraw.h>
 
 #include "zrfx/errors.h"
+#include "zrfx/late_workers.h"
 
 namespace zrfx {
 namespace {
@@ -72,15 +73,18 @@ void CheckMuxable(const StreamFormat& format) {
 void WipeFrames(const StreamFormat& f, uint8_t* a, uint8_t* b, uint8_t* out, uint32_t code, uint32_t span,
                 uint32_t progress) {
   if (span == 0) throw UsageError("the progress span must be at least 1");
-  if (f.route == WipeRoute::kDirect) {
-    ZrDraw_DisplayWipe(a, f.pitch, b, f.pitch, out, f.pitch, code, f.effectFormat, f.width, f.height, 0, 0, 0,
-                       0, 0, 0, span, progress);
-    return;
-  }
-  const auto adapter = f.route == WipeRoute::kYCbCr ? ZrDraw_DisplayWipeYCbCr : ZrDraw_DisplayWipeV210;
-  if (adapter(a, f.pitch, b, f.pitch, out, f.pitch, code, 0, f.width, f.height, 0, 0, 0, 0, 0, 0, span,
-              progress) != 0)
-    throw RunError("the wipe adapter could not get memory");
+  uint32_t result = 0;
+  RunAndJoinWorkers([&] {
+    if (f.route == WipeRoute::kDirect) {
+      ZrDraw_DisplayWipe(a, f.pitch, b, f.pitch, out, f.pitch, code, f.effectFormat, f.width, f.height, 0, 0,
+                         0, 0, 0, 0, span, progress);
+      return;
+    }
+    const auto adapter = f.route == WipeRoute::kYCbCr ? ZrDraw_DisplayWipeYCbCr : ZrDraw_DisplayWipeV210;
+    result = adapter(a, f.pitch, b, f.pitch, out, f.pitch, code, 0, f.width, f.height, 0, 0, 0, 0, 0, 0, span,
+                     progress);
+  });
+  if (result != 0) throw RunError("the wipe adapter could not get memory");
 }
 
 }  // namespace zrfx

@@ -6,7 +6,6 @@
 
 #include "zrfx/errors.h"
 #include "zrfx/frame.h"
-#include "zrfx/late_workers.h"
 #include "zrfx/operations.h"
 #include "zrfx/wipe_names.h"
 
@@ -26,11 +25,7 @@ Frame Probe(uint32_t code) {
     b.data()[i] = static_cast<uint8_t>(0x80 | ((i * 7) & 0x3F));
     out.data()[i] = kUntouched;
   }
-  // A worker that the library stopped waiting for still reads a and b and
-  // writes out: the frames live, and the result waits, until it is through.
-  const int threads = ThreadCount();
   RunWipe(a, b, out, code, kSpan, kProgress);
-  WaitForLateWorkers(threads);
   return out;
 }
 
