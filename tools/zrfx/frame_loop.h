@@ -1,7 +1,9 @@
 // The frame loop of the stream subcommands: read a frame of each input
-// straight into the buffer that the library works on, make the output frame
-// in place, write it, and again. Readers and writers hide whether a stream
-// is raw or y4m, so the loop is the same for both and for the benchmark.
+// straight into a buffer that the library works on, make the output frame
+// in place, write it, and again; the reads run ahead and the writes behind
+// on threads of their own. Readers and writers hide whether a stream is raw
+// or y4m, so the loop is the same for both and for the benchmark. A loop
+// ends with the first failure of a read, a step or a write.
 #ifndef ZRFX_FRAME_LOOP_H
 #define ZRFX_FRAME_LOOP_H
 
@@ -51,8 +53,9 @@ struct LoopShape {
 };
 
 // `frames` output frames. An input that ends early holds its last frame, so
-// a single frame serves as a still. Throws UsageError when an input holds
-// no frame.
+// a single frame serves as a still; `step` must leave its inputs as they
+// are, since a held frame is used again. Throws UsageError when an input
+// holds no frame.
 void RunHeldLoop(FrameReader& a, FrameReader& b, FrameWriter& out, LoopShape shape, uint64_t frames,
                  const FrameStep& step);
 
