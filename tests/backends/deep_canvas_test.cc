@@ -18,26 +18,11 @@ constexpr unsigned int k444 = 0x444, k4444 = 0x4444;
 
 // A canvas over guarded memory of 0x11: from GetDraw, or for the 4:4:4
 // canvases from their exported constructor, whose argument is ignored.
-struct Canvas {
-  Canvas(unsigned int type, int width, int height, int pitch, size_t bytes) : memory(bytes) {
-    std::memset(memory.data(), 0x11, bytes);
-    char* p = reinterpret_cast<char*>(memory.data());
-    if (type != k444 && type != k4444) {
-      EXPECT_EQ(0, GetDraw(type, width, height, pitch, p, c));
-      return;
-    }
-    c = type == k444 ? static_cast<ZrDraw*>(new CDrawYCbCrYCbCr16(pixelUV8))
-                     : new CDrawYCbCrYCbCrA16(pixelUV8);
-    c->SetCanvas(p, height, width, pitch);
-  }
-  ~Canvas() {
-    EXPECT_TRUE(memory.GuardsIntact());
-    delete c;
-  }
-  ZrDraw* operator->() { return c; }
-  zr::test::GuardedBuffer memory;
-  ZrDraw* c = nullptr;
-};
+zr::test::TestCanvas Canvas(unsigned int type, int width, int height, int pitch, size_t bytes) {
+  if (type == k444) return {new CDrawYCbCrYCbCr16(pixelUV8), width, height, pitch, bytes};
+  if (type == k4444) return {new CDrawYCbCrYCbCrA16(pixelUV8), width, height, pitch, bytes};
+  return {type, width, height, pitch, bytes};
+}
 
 // The bytes as hex, a space every `group` bytes.
 std::string Hex(const uint8_t* p, size_t n, size_t group) {
@@ -72,18 +57,18 @@ TEST(DeepCanvas, GeometryAndMatrix) {
       {k4444, 721, 1, 5000, 2, "type 1 721x1 pitch 5768 refs 1", 3},
   };
   for (const auto& k : cases) {
-    Canvas c(k.type, k.width, k.height, k.pitch, 0);
+    auto c = Canvas(k.type, k.width, k.height, k.pitch, 0);
     if (k.modeBefore >= 0) {
       c->mYCbCrMode = static_cast<ZrPixel::cmYCbCr>(k.modeBefore);
       c->SetCanvas(nullptr, k.height, k.width, k.pitch);
     }
-    EXPECT_EQ(k.state, zr::test::State(c.c));
+    EXPECT_EQ(k.state, zr::test::State(c.get()));
     EXPECT_EQ(k.mode, c->mYCbCrMode) << k.state;
     EXPECT_EQ(k.type != 10000 && k.type != 10001, c->IsRgbType()) << k.state;
   }
-  Canvas argb(38, 1, 1, 0, 8), half(37, 1, 1, 0, 6);
+  auto argb = Canvas(38, 1, 1, 0, 8), half = Canvas(37, 1, 1, 0, 6);
   CDrawUV8 uv(pixelType(19));
-  EXPECT_TRUE(dynamic_cast<CDrawARGB64*>(argb.c) && dynamic_cast<CDrawRGBHalf48*>(half.c) &&
+  EXPECT_TRUE(dynamic_cast<CDrawARGB64*>(argb.get()) && dynamic_cast<CDrawRGBHalf48*>(half.get()) &&
               uv.mPixelType == 19 && uv.mYCbCrMode == 3);
 }
 
@@ -123,21 +108,21 @@ TEST(DeepCanvas, SingleWritesByHand) {
   for (const auto& k : cases) {
     const std::string row = k.row;
     const size_t bytes = (row.size() + 1) * k.group / (2 * k.group + 1);
-    Canvas c(k.type, k.width, 1, 0, bytes);
+    auto c = Canvas(k.type, k.width, 1, 0, bytes);
     if (k.setter == 'r') c->SetColorRGBA(k.c[0], k.c[1], k.c[2], k.c[3], k.foreground);
     if (k.setter == 'y') c->SetColorYCbCr(k.c[0], k.c[1], k.c[2], k.c[3], k.foreground);
     EXPECT_EQ(0, c->PutPixel(k.x, 0, k.foreground));
-    EXPECT_EQ(row, Hex(c.memory.data(), bytes, k.group)) << k.type << " " << k.x;
+    EXPECT_EQ(row, Hex(c.rows(), bytes, k.group)) << k.type << " " << k.x;
   }
-  Canvas dpx(20, 1, 1, 0, 4), uv8(10000, 2, 1, 0, 6);
+  auto dpx = Canvas(20, 1, 1, 0, 4), uv8 = Canvas(10000, 2, 1, 0, 6);
   double v[4] = {9, 9, 9, 9};
   EXPECT_EQ(0, dpx->SetColorRGBA(.999, 2.999, .999, 0, false));
   EXPECT_EQ(0, dpx->GetColorRGBA(v[0], v[1], v[2], v[3], false));
   EXPECT_TRUE(v[0] == 1 && v[1] == 1019 / 1023.0 && v[2] == 1021 / 1023.0 && v[3] == 1);
-  Canvas bayer(22, 2, 1, 0, 3);  // SetColorRGBA fills the canvas's own bytes, alpha included
+  auto bayer = Canvas(22, 2, 1, 0, 3);  // SetColorRGBA fills the canvas's own bytes, alpha included
   bayer->SetColorRGBA(1, 0, .5, .9, false);
-  EXPECT_EQ("FF007FE5", Hex(dynamic_cast<CDrawBayer*>(bayer.c)->mBackBytes, 4, 4));
-  std::memcpy(uv8.memory.data(), "\x01\x02\x03\x04\x05\x06", 6);  // 16-bit reads, one into the next pixel
+  EXPECT_EQ("FF007FE5", Hex(dynamic_cast<CDrawBayer*>(bayer.get())->mBackBytes, 4, 4));
+  std::memcpy(uv8.rows(), "\x01\x02\x03\x04\x05\x06", 6);  // 16-bit reads, one into the next pixel
   uv8->GetPixelYCbCr(1, 0, v[0], v[1], v[2], v[3]);
   EXPECT_TRUE(v[0] == 0.5 && v[1] == 0x0403 / 65536.0 && v[2] == 0x0605 / 65536.0 && v[3] == 1);
 }
@@ -148,13 +133,13 @@ TEST(DeepCanvas, EachBayerPhaseStoresItsChannels) {
   const char* rows[] = {"EF1111110CF0 110AD0CD1111", "AB1111110CB0 110ED0CD1111", "CD1111110ED0 110CB0AB1111",
                         "CD1111110AD0 110CF0EF1111"};
   for (unsigned int type = 21; type <= 29; ++type) {  // 25 to 28 as 21 to 24, and another type as 21
-    Canvas c(type == 29 ? 21 : type, 4, 2, 0, 12);
+    auto c = Canvas(type == 29 ? 21 : type, 4, 2, 0, 12);
     c->mPixelType = static_cast<pixelType>(type);
-    std::memcpy(dynamic_cast<CDrawBayer*>(c.c)->mForeBytes, "\xAB\xCD\xEF\x99", 4);
+    std::memcpy(dynamic_cast<CDrawBayer*>(c.get())->mForeBytes, "\xAB\xCD\xEF\x99", 4);
     c->SetTransparency(true);  // no effect here
     c->SetAlphaAdditive(true);
     for (auto [x, y] : {std::pair{0, 0}, {3, 0}, {1, 1}, {2, 1}}) c->PutPixel(x, y, true);
-    EXPECT_EQ(rows[(type - 21) % 4], Hex(c.memory.data(), 12, 6)) << type;
+    EXPECT_EQ(rows[(type - 21) % 4], Hex(c.rows(), 12, 6)) << type;
   }
 }
 
@@ -181,7 +166,7 @@ TEST(DeepCanvas, GoldenChecksums) {
   };
   for (const auto& k : cases) {
     const size_t bytes = k.pitch * 11;  // a spare row: some reads look one row or pixel on
-    Canvas c(k.type, 24, 10, k.pitch, bytes);
+    auto c = Canvas(k.type, 24, 10, k.pitch, bytes);
     c->SetPixel(0, 0, 0.9, 0.3, 0.6, 1.0, true);
     c->SetPixel(1, 0, 0.1, 0.7, 0.2, 0.5, false);
     c->Line(1, 1, 22, 8);
@@ -195,9 +180,9 @@ TEST(DeepCanvas, GoldenChecksums) {
     c->SetAlphaAdditive(true);
     c->Line(5, 9, 12, 0);
     c->Point(4, 4, false);
-    EXPECT_EQ(k.drawn, zr::test::Crc32(c.memory.data(), bytes)) << k.type;
-    zr::test::Rng(k.type).Fill(c.memory.data(), bytes);
-    std::memset(c.memory.data(), 0, 8);  // black, to reach the colourless hue
+    EXPECT_EQ(k.drawn, zr::test::Crc32(c.rows(), bytes)) << k.type;
+    zr::test::Rng(k.type).Fill(c.rows(), bytes);
+    std::memset(c.rows(), 0, 8);  // black, to reach the colourless hue
     uint32_t crc = 0;
     for (int mode : {1, 2, 3, 4, 6, 1004, 9}) {
       c->SetYCbCrMode(static_cast<ZrPixel::cmYCbCr>(mode));

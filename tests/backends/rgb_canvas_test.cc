@@ -53,30 +53,4 @@ TEST(RgbCanvas, GoldenChecksumOfReadBacks) {
   EXPECT_EQ(2817642984u, crc);
 }
 
-TEST(RgbCanvas, ReadBacksByHand) {
-  TestCanvas c(pixelRGBA32, 4, 1, 0, 16);
-  std::memcpy(c.rows(), "\x00\x00\xff\x10\xff\x00\xff\x20\x00\x00\x00\x30\x7f\x7f\x7f\x40", 16);
-  std::vector<double> v(4);
-  c->GetPixelHSV(0, 0, v[0], v[1], v[2], v[3]);
-  EXPECT_EQ(240.0, v[0]);
-  c->GetPixelHSV(1, 0, v[0], v[1], v[2], v[3]);
-  EXPECT_EQ(300.0, v[0]);
-  c->GetPixelHSV(2, 0, v[0], v[1], v[2], v[3]);  // black
-  EXPECT_EQ((std::vector<double>{-1.0, 0.0, 0.0, 0x30 / 255.0}), v);
-  c->GetPixelHSV(3, 0, v[0], v[1], v[2], v[3]);  // grey
-  EXPECT_EQ((std::vector<double>{-1.0, 0.0, 0x7f / 255.0, 0x40 / 255.0}), v);
-  c->SetYCbCrMode(ZrPixel::cmYCbCr709Studio);  // luma weights of its own, over 256
-  EXPECT_EQ((0.213 * 0x7f + 0.715 * 0x7f + 0.072 * 0x7f) * 0.00390625, c->GetLuma(3, 0));
-  for (unsigned int type : {5u, 6u}) {  // alpha reads as 1 whatever was set
-    TestCanvas t(type, 2, 1, 0, 8);
-    t->SetColorRGBA(0.2, 0.4, 0.6, 0.0, true);
-    EXPECT_EQ(0u, t->mForeColor >> 24);
-    t->GetColorRGBA(v[0], v[1], v[2], v[3], true);
-    EXPECT_EQ(1.0, v[3]);
-    v[3] = 0;
-    t->GetPixelRGBA(1, 0, v[0], v[1], v[2], v[3]);
-    EXPECT_EQ(1.0, v[3]);
-  }
-}
-
 }  // namespace

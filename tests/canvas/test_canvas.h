@@ -29,6 +29,12 @@ class TestCanvas {
     std::memset(memory_.data(), 0x11, memory_.size());
     EXPECT_EQ(0, GetDraw(type, width, height, pitch, reinterpret_cast<char*>(rows()), canvas_));
   }
+  // The same over a canvas the caller made, which this one then owns.
+  TestCanvas(ZrDraw* canvas, int width, int height, int pitch, size_t bytes)
+      : memory_(bytes), lead_(0), canvas_(canvas) {
+    std::memset(memory_.data(), 0x11, bytes);
+    canvas->SetCanvas(reinterpret_cast<char*>(rows()), height, width, pitch);
+  }
   ~TestCanvas() {
     EXPECT_TRUE(memory_.GuardsIntact()) << "write outside the canvas memory";
     if (canvas_) canvas_->mRefCount = 1, ReleaseDraw(canvas_);

@@ -4,7 +4,6 @@
 
 #include <cstdint>
 #include <cstring>
-#include <string>
 
 #include "canvas/test_canvas.h"
 #include "common/crc32.h"
@@ -63,26 +62,8 @@ TEST(DrawObject, EmptyOperationsChangeNothing) {
   EXPECT_TRUE(c->mForeColor == 0x01020304u && c->mBackColor == 0 && c->mLabelScale == 1);
 }
 
-// Rows of glyph c, top first, each ended by '/': '#' ink, '.' paper.
-std::string Glyph(int c) {
-  std::string out;
-  for (int row = 9; row >= 0; --row, out += '/')
-    for (int bit = 0x80; bit; bit >>= 1) out += gFont8x10[c * 10 + row] & bit ? '#' : '.';
-  return out;
-}
-
 TEST(DrawObject, FontTables) {
   EXPECT_EQ(191232239u, Crc32(gFont8x10, sizeof gFont8x10));
-  // Read from the table, as text never reaches the upper half. The box
-  // crosses run through all four edges, so that neighbouring cells join.
-  EXPECT_EQ("......../.######./#......#/#.#..#.#/#......#/#.#..#.#/#..##..#/#......#/.######./......../",
-            Glyph(0x01));
-  EXPECT_EQ("..####../.##..##./##....#./##....../##....../##....../##....#./.##..##./..####../...##.../",
-            Glyph(0x80));
-  EXPECT_EQ("...##.../...##.../...##.../...##.../########/########/...##.../...##.../...##.../...##.../",
-            Glyph(0xC5));
-  EXPECT_EQ("..#..#../..#..#../..#..#../###..###/......../......../###..###/..#..#../..#..#../..#..#../",
-            Glyph(0xCE));
   EXPECT_EQ(4027668353u, Crc32(fontmap, sizeof fontmap));
   EXPECT_EQ(0, std::memcmp(fontmap + 72, "\x78\x84\x84\x84\x7c\x04\x08\x70", 8));  // 9
 }
