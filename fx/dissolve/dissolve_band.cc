@@ -76,8 +76,9 @@ void DissolveBand(const FxFormatInfo& format, const FxCall& c) {
     const uint8_t* out = FxRow(p.out, y, p.outPitch) + first;
     uint8_t* row = FxRow(p.dst, y, p.dstPitch) + first;
     const bool vectorOk = !PartlyOverlaps(row, in, bytes) && !PartlyOverlaps(row, out, bytes);
+    const NextRows next = y + 1 < c.bandBottom ? NextRows{p.inPitch, p.outPitch} : NextRows{};
     if (weight)
-      (vectorOk && mixVector ? mixVector : mixPlain)(in, out, row, samples, *weight);
+      (vectorOk && mixVector ? mixVector : mixPlain)(in, out, row, samples, *weight, next);
     else
       (vectorOk && vector ? vector : plain)(in, out, row, samples, t, u);
   }

@@ -9,12 +9,14 @@
 namespace zr::fx {
 
 // Neither sum can pass 65535 * 65536, so 32 bits hold it.
-void MixRow8_C(const uint8_t* in, const uint8_t* out, uint8_t* dst, size_t samples, uint32_t weight) {
+void MixRow8_C(const uint8_t* in, const uint8_t* out, uint8_t* dst, size_t samples, uint32_t weight,
+               NextRows) {
   for (size_t i = 0; i < samples; ++i)
     dst[i] = static_cast<uint8_t>((in[i] * weight + out[i] * (kMixWhole - weight)) >> 16);
 }
 
-void MixRow16_C(const uint8_t* in, const uint8_t* out, uint8_t* dst, size_t samples, uint32_t weight) {
+void MixRow16_C(const uint8_t* in, const uint8_t* out, uint8_t* dst, size_t samples, uint32_t weight,
+                NextRows) {
   for (size_t i = 0; i < samples; ++i) {
     uint16_t a, b;
     std::memcpy(&a, in + 2 * i, 2);

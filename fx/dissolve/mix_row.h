@@ -39,14 +39,25 @@ struct MixFactor {
         factor(static_cast<int32_t>(weight) - static_cast<int32_t>(fromIn ? kMixWhole : 0)) {}
 };
 
-using MixRowFn = void (*)(const uint8_t* in, const uint8_t* out, uint8_t* dst, size_t samples,
-                          uint32_t weight);
+// The distances from `in` and `out` to the same samples of the row that the
+// band takes next, which the vector forms fetch while they mix this row: the
+// processor's own prefetchers lose a band narrower than its frame at every
+// row. 0 fetches nothing ahead; the plain forms fetch nothing.
+struct NextRows {
+  size_t in = 0, out = 0;
+};
 
-void MixRow8_C(const uint8_t* in, const uint8_t* out, uint8_t* dst, size_t samples, uint32_t weight);
-void MixRow16_C(const uint8_t* in, const uint8_t* out, uint8_t* dst, size_t samples, uint32_t weight);
+using MixRowFn = void (*)(const uint8_t* in, const uint8_t* out, uint8_t* dst, size_t samples,
+                          uint32_t weight, NextRows next);
+
+void MixRow8_C(const uint8_t* in, const uint8_t* out, uint8_t* dst, size_t samples, uint32_t weight,
+               NextRows next = {});
+void MixRow16_C(const uint8_t* in, const uint8_t* out, uint8_t* dst, size_t samples, uint32_t weight,
+                NextRows next = {});
 
 // The vector forms, each in its instruction set's namespace.
-using MixRowSig = void(const uint8_t* in, const uint8_t* out, uint8_t* dst, size_t samples, uint32_t weight);
+using MixRowSig = void(const uint8_t* in, const uint8_t* out, uint8_t* dst, size_t samples, uint32_t weight,
+                       NextRows next);
 #if defined(__x86_64__)
 namespace sse41 {
 MixRowSig MixRow8, MixRow16;

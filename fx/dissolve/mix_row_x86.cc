@@ -36,14 +36,14 @@ inline void Mix16(const uint8_t* in, const uint8_t* out, uint8_t* dst, T factor)
   V::Store(dst, V::PackUs32(lo, hi));
 }
 
-// Whole vectors over `bytes`, asking a line ahead for both sources; returns
-// the bytes done.
+// Whole vectors over `bytes`, asking for each line of both sources in the
+// next row; returns the bytes done.
 template <bool fromIn, bool sixteen>
-size_t MixBytes(const uint8_t* in, const uint8_t* out, uint8_t* dst, size_t bytes, T factor) {
+size_t MixBytes(const uint8_t* in, const uint8_t* out, uint8_t* dst, size_t bytes, T factor, NextRows next) {
   size_t i = 0;
   for (; i + 64 <= bytes; i += 64) {
-    ::zr::ZR_ISA_NS::PrefetchAhead(in + i);
-    ::zr::ZR_ISA_NS::PrefetchAhead(out + i);
+    ::zr::ZR_ISA_NS::PrefetchAt(in + i, next.in);
+    ::zr::ZR_ISA_NS::PrefetchAt(out + i, next.out);
     for (size_t k = 0; k < 64; k += V::kBytes)
       (sixteen ? Mix16<fromIn> : Mix8<fromIn>)(in + i + k, out + i + k, dst + i + k, factor);
   }
@@ -53,22 +53,25 @@ size_t MixBytes(const uint8_t* in, const uint8_t* out, uint8_t* dst, size_t byte
 }
 
 template <bool sixteen>
-size_t MixVectors(const uint8_t* in, const uint8_t* out, uint8_t* dst, size_t bytes, uint32_t weight) {
+size_t MixVectors(const uint8_t* in, const uint8_t* out, uint8_t* dst, size_t bytes, uint32_t weight,
+                  NextRows next) {
   const MixFactor f(weight);
   const T factor = sixteen ? V::Set32(static_cast<uint32_t>(f.factor)) : V::Set16(f.factor);
-  return f.fromIn ? MixBytes<true, sixteen>(in, out, dst, bytes, factor)
-                  : MixBytes<false, sixteen>(in, out, dst, bytes, factor);
+  return f.fromIn ? MixBytes<true, sixteen>(in, out, dst, bytes, factor, next)
+                  : MixBytes<false, sixteen>(in, out, dst, bytes, factor, next);
 }
 
 }  // namespace
 
-void MixRow8(const uint8_t* in, const uint8_t* out, uint8_t* dst, size_t samples, uint32_t weight) {
-  const size_t done = MixVectors<false>(in, out, dst, samples, weight);
+void MixRow8(const uint8_t* in, const uint8_t* out, uint8_t* dst, size_t samples, uint32_t weight,
+             NextRows next) {
+  const size_t done = MixVectors<false>(in, out, dst, samples, weight, next);
   MixRow8_C(in + done, out + done, dst + done, samples - done, weight);
 }
 
-void MixRow16(const uint8_t* in, const uint8_t* out, uint8_t* dst, size_t samples, uint32_t weight) {
-  const size_t done = MixVectors<true>(in, out, dst, 2 * samples, weight);
+void MixRow16(const uint8_t* in, const uint8_t* out, uint8_t* dst, size_t samples, uint32_t weight,
+              NextRows next) {
+  const size_t done = MixVectors<true>(in, out, dst, 2 * samples, weight, next);
   MixRow16_C(in + done, out + done, dst + done, samples - done / 2, weight);
 }
 

@@ -64,7 +64,7 @@ TEST(FxForms, MixRowsMatchPlain) {
           const auto row = [&](bool ref, const uint8_t* in, const uint8_t* out, uint8_t* dst) {
             (ref          ? (bytes == 1 ? fx::MixRow8_C : fx::MixRow16_C)
              : bytes == 1 ? form.row8
-                          : form.row16)(in, out, dst, width, weight);
+                          : form.row16)(in, out, dst, width, weight, fx::NextRows{});
           };
           ASSERT_TRUE(SameAsReference((bytes << 40) + (uint64_t{weight} << 16) + width, width * bytes,
                                       width * bytes, bytes, weight % 2, row));
