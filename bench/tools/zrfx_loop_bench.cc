@@ -4,8 +4,8 @@
 // write copies the result out. BM_PipeMemcpy copies the same bytes (two
 // frames in, one out) in one memcpy: the tool's cost per frame is the ratio
 // of the two times, measured in the same run. The *Call benchmarks make the
-// same frames without reading or writing: the loop's time less the call's is
-// what the tool adds to the library.
+// same frames without reading or writing, and BM_EmptyLoop reads and writes
+// without a call: between them, what the tool adds to the library.
 #include <benchmark/benchmark.h>
 #include <zrdraw.h>
 
@@ -101,6 +101,15 @@ void BM_MuxLoop(benchmark::State& state, uint32_t flags) {
   Report(state, f.FrameBytes());
 }
 
+// The loop with no call: what reading and writing cost on their threads.
+void BM_EmptyLoop(benchmark::State& state) {
+  const StreamFormat f = Format("rgba", state);
+  MemoryReader a(f.FrameBytes(), 0, &state), b(f.FrameBytes(), 1, nullptr);
+  MemoryWriter out(f.FrameBytes());
+  RunPairLoop(a, b, out, {f.FrameBytes(), f.pitch}, [](uint8_t*, uint8_t*, uint8_t*, uint64_t) {});
+  Report(state, f.FrameBytes());
+}
+
 // The library calls alone, on frames that stay in place.
 void BM_TransitionCall(benchmark::State& state, const char* pix, uint32_t code) {
   const StreamFormat f = Format(pix, state);
@@ -146,6 +155,7 @@ void BM_PipeMemcpy(benchmark::State& state, const char* pix) {
       ->MeasureProcessCPUTime()             \
       ->UseRealTime()
 BENCHMARK_CAPTURE(BM_PipeMemcpy, rgba, "rgba")->ZRFX_SIZES;
+BENCHMARK(BM_EmptyLoop)->ZRFX_SIZES;
 BENCHMARK_CAPTURE(BM_TransitionLoop, rgba_horizontal, "rgba", 1)->ZRFX_SIZES;
 BENCHMARK_CAPTURE(BM_TransitionCall, rgba_horizontal, "rgba", 1)->ZRFX_SIZES;
 BENCHMARK_CAPTURE(BM_TransitionLoop, rgba_dissolve, "rgba", 0)->ZRFX_SIZES;
