@@ -25,6 +25,10 @@ void CopyRowBytes(uint8_t* target, const uint8_t* source, size_t bytes, size_t n
 // pictures defeat the hardware prefetcher. Short runs and ranges that
 // overlap go to CopyRowBytes.
 void CopyRowBytesStreaming_sse41(uint8_t* target, const uint8_t* source, size_t bytes, size_t nextRow);
+// The same with ordinary stores, for batches that stay in the cache: the C
+// library's copy of a few kilobytes fetches nothing beyond its own run.
+// A run longer than `nextRow` is a block of rows and goes to CopyRowBytes.
+void CopyRowBytesAhead_sse41(uint8_t* target, const uint8_t* source, size_t bytes, size_t nextRow);
 // Streaming stores are weakly ordered; this orders them before what follows.
 void StreamingFence_sse41();
 #endif

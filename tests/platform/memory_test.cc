@@ -68,24 +68,27 @@ TEST(Platform, FillAndCopy) {
 }
 
 #if defined(__x86_64__)
-// The streaming row copy gives the plain copy's bytes at every length and
-// alignment, and copies overlapping ranges as memmove does.
-TEST(Platform, StreamingRowCopyMatchesThePlainCopy) {
-  for (uint32_t w : zr::test::FormWidths()) {
-    const size_t n = w * 9 + 200;  // the streaming loop starts at 256 bytes
-    const auto run = [&](bool ref, const uint8_t* src, const uint8_t*, uint8_t* dst) {
-      (ref ? zr::platform::CopyRowBytes : zr::platform::CopyRowBytesStreaming_sse41)(dst, src, n, n + 5);
-      zr::platform::FinishRowCopies(zr::platform::CopyRowBytesStreaming_sse41);
-    };
-    ASSERT_TRUE(zr::test::SameAsReference(w, n, n, 1, w % 2, run));
-  }
-  for (ptrdiff_t shift : {-300, -17, -1, 0, 1, 16, 300}) {  // overlapping ranges copy as memmove
-    std::vector<uint8_t> got(2000), want(2000);
-    zr::test::Rng(7).Fill(got.data(), got.size());
-    want = got;
-    std::memmove(&want[600 + shift], &want[600], 1000);
-    zr::platform::CopyRowBytesStreaming_sse41(&got[600 + shift], &got[600], 1000, 2000);
-    EXPECT_EQ(got, want) << "shift " << shift;
+// Both row copies that fetch ahead give the plain copy's bytes at every
+// length and alignment, and copy overlapping ranges as memmove does.
+TEST(Platform, FetchingRowCopiesMatchThePlainCopy) {
+  for (const zr::platform::RowCopyFn form :
+       {zr::platform::CopyRowBytesStreaming_sse41, zr::platform::CopyRowBytesAhead_sse41}) {
+    for (uint32_t w : zr::test::FormWidths()) {
+      const size_t n = w * 9 + 200;  // the vector loop starts at 256 bytes
+      const auto run = [&](bool ref, const uint8_t* src, const uint8_t*, uint8_t* dst) {
+        (ref ? zr::platform::CopyRowBytes : form)(dst, src, n, n + 5);
+        zr::platform::FinishRowCopies(form);
+      };
+      ASSERT_TRUE(zr::test::SameAsReference(w, n, n, 1, w % 2, run));
+    }
+    for (ptrdiff_t shift : {-300, -17, -1, 0, 1, 16, 300}) {  // overlapping ranges copy as memmove
+      std::vector<uint8_t> got(2000), want(2000);
+      zr::test::Rng(7).Fill(got.data(), got.size());
+      want = got;
+      std::memmove(&want[600 + shift], &want[600], 1000);
+      form(&got[600 + shift], &got[600], 1000, 2000);
+      EXPECT_EQ(got, want) << "shift " << shift;
+    }
   }
 }
 #endif
