@@ -92,14 +92,12 @@ GstCaps* UpdateCaps(GstVideoAggregator* vagg, GstCaps* caps) {
   }
   GST_OBJECT_UNLOCK(vagg);
   if (known[0] && known[1] && !SameFrames(info[0], info[1])) {
-    gchar* a = Describe(info[0]);
-    gchar* b = Describe(info[1]);
+    g_autofree gchar* a = Describe(info[0]);
+    g_autofree gchar* b = Describe(info[1]);
     GST_ELEMENT_ERROR(
         vagg, CORE, NEGOTIATION,
         ("The inputs of %s differ: sink_0 has %s frames, sink_1 has %s", GST_ELEMENT_NAME(vagg), a, b),
         ("both inputs need one format and size: convert or scale one of them first"));
-    g_free(a);
-    g_free(b);
     return gst_caps_new_empty();
   }
   GstCaps* out = gst_caps_copy(caps);
@@ -142,13 +140,11 @@ GstFlowReturn AggregateFrames(GstVideoAggregator* vagg, GstBuffer* outbuf) {
   // the other input did not make, does not fit the output.
   for (GstVideoFrame* frame : in)
     if (frame && !SameFrames(frame->info, vagg->info)) {
-      gchar* got = Describe(frame->info);
-      gchar* want = Describe(vagg->info);
+      g_autofree gchar* got = Describe(frame->info);
+      g_autofree gchar* want = Describe(vagg->info);
       GST_ELEMENT_ERROR(vagg, STREAM, FORMAT,
                         ("%s got a %s frame for %s output", GST_ELEMENT_NAME(vagg), got, want),
                         ("the inputs may not change their format or size mid-stream"));
-      g_free(got);
-      g_free(want);
       return GST_FLOW_NOT_NEGOTIATED;
     }
   if (pads < 2 && !priv->warnedSingle) {
@@ -193,13 +189,11 @@ gboolean SinkQuery(GstAggregator* agg, GstAggregatorPad* pad, GstQuery* query) {
       !gst_video_info_from_caps(&offered, caps))
     return ret;
   priv->warnedChange = TRUE;
-  gchar* got = Describe(offered);
-  gchar* want = Describe(vagg->info);
+  g_autofree gchar* got = Describe(offered);
+  g_autofree gchar* want = Describe(vagg->info);
   GST_ELEMENT_WARNING(agg, CORE, NEGOTIATION,
                       ("%s offered %s frames for %s output", GST_PAD_NAME(pad), got, want),
                       ("the inputs may not change their format or size mid-stream"));
-  g_free(got);
-  g_free(want);
   return ret;
 }
 
