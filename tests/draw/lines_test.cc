@@ -180,7 +180,7 @@ TEST(Fill, EraseAndFillRectPictures) {
   TestCanvas c(pixelABGR32, 4, 3, 20, 60);
   c->mForeColor = 0xA1B2C3D4;
   c->SetTransparency(true);
-  c->SetTransparency(0.5, true);
+  EXPECT_EQ(0, c->SetTransparency(0.5, true));
   c->SetAlphaAdditive(true);
   EXPECT_EQ(0, c->EraseCanvas(false));
   EXPECT_EQ("####/####/##../", Picture(c));
