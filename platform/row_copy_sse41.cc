@@ -41,7 +41,8 @@ void CopyFetchingAhead(uint8_t* target, const uint8_t* source, size_t bytes, siz
     store(target + i + 32, v2);
     store(target + i + 48, v3);
   }
-  for (; i + 16 <= bytes; i += 16) store(target + i, _mm_loadu_si128(reinterpret_cast<const __m128i*>(source + i)));
+  for (; i + 16 <= bytes; i += 16)
+    store(target + i, _mm_loadu_si128(reinterpret_cast<const __m128i*>(source + i)));
   std::memcpy(target + i, source + i, bytes - i);
 }
 
